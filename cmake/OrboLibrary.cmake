@@ -1,0 +1,17 @@
+# orbo_add_library(NAME TARGET EXPORT_NAME SOURCES... [DEPENDS ...])
+# Declares one of the project's libraries: includes resolve from the repository root while
+# building and from include/orbo once installed, and the public headers of each folder are
+# remembered so that the install step can copy them under include/orbo/<folder>/.
+function(orbo_add_library target)
+  cmake_parse_arguments(ARG "" "EXPORT_NAME" "SOURCES;PUBLIC_DEPS;PRIVATE_DEPS" ${ARGN})
+  add_library(${target} ${ARG_SOURCES})
+  add_library(Orbo::${ARG_EXPORT_NAME} ALIAS ${target})
+  set_target_properties(${target} PROPERTIES EXPORT_NAME ${ARG_EXPORT_NAME}
+                                             VERSION ${PROJECT_VERSION} SOVERSION 0)
+  target_include_directories(${target} PUBLIC
+    $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}>
+    $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/orbo>)
+  target_compile_features(${target} PUBLIC cxx_std_20)
+  target_link_libraries(${target} PUBLIC ${ARG_PUBLIC_DEPS} PRIVATE ${ARG_PRIVATE_DEPS})
+  set_property(GLOBAL APPEND PROPERTY ORBO_INSTALL_TARGETS ${target})
+endfunction()

@@ -1,0 +1,1 @@
+#include "plst/Item.h"
