@@ -15,7 +15,7 @@ foreach(folder base plst support krcache lua transform net dyd transaction refle
       FILES_MATCHING PATTERN "*.h" PATTERN "internal" EXCLUDE)
   endif()
 endforeach()
-install(FILES ${PROJECT_SOURCE_DIR}/orbo/Support.h DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/orbo/orbo)
+install(FILES ${PROJECT_SOURCE_DIR}/orbo/Support.h DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/orbo)
 
 install(EXPORT OrboSupportTargets NAMESPACE Orbo::
   DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/OrboSupport)

@@ -10,7 +10,8 @@ function(orbo_add_library target)
                                              VERSION ${PROJECT_VERSION} SOVERSION 0)
   target_include_directories(${target} PUBLIC
     $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}>
-    $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/orbo>)
+    $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/orbo>
+    $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>)
   target_compile_features(${target} PUBLIC cxx_std_20)
   target_link_libraries(${target} PUBLIC ${ARG_PUBLIC_DEPS} PRIVATE ${ARG_PRIVATE_DEPS})
   set_property(GLOBAL APPEND PROPERTY ORBO_INSTALL_TARGETS ${target})

@@ -1,4 +1,4 @@
-//===- tests/support/TestSupport.h - Helpers shared by the tests ----------===//
+//===- tests/common/TestSupport.h - Helpers shared by the tests ----------===//
 //
 // Temporary folders that clean up after themselves, whole-file reads and
 // writes, the path of the shared conformance and benchmark data (read in
