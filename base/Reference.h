@@ -65,6 +65,11 @@ public:
   friend bool operator==(const Reference &A, std::nullptr_t) noexcept {
     return A.Ptr == nullptr;
   }
+  // Without this, a raw pointer would be converted to a temporary Reference
+  // whose release deletes an object that nothing held yet.
+  friend bool operator==(const Reference &A, const T *B) noexcept {
+    return A.Ptr == B;
+  }
   friend auto operator<=>(const Reference &A, const Reference &B) noexcept {
     return std::compare_three_way()(A.Ptr, B.Ptr);
   }

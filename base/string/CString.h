@@ -1,5 +1,4 @@
-//===- base/string/CString.h - 8-bit text with a length
-//--------------------===//
+//===- base/string/CString.h - 8-bit text with a length -------------------===//
 //
 // qoString::CString holds bytes with an explicit length, so embedded zero
 // bytes survive copies, comparisons and concatenation. It makes no claim about
@@ -10,8 +9,9 @@
 //
 // Example:
 //   qoString::CString key("colour");
-//   qoString::CString line = qoString::CString::format("%s=%d", key.c_str(),
-//   3); line.compare("colour=3");   // 0
+//   qoString::CString line =
+//       qoString::CString::format("%s=%d", key.c_str(), 3);
+//   line.compare("colour=3");   // 0
 //
 //===----------------------------------------------------------------------===//
 #ifndef QOSTRING_CSTRING_H
