@@ -12,7 +12,7 @@ install(TARGETS orbo RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
 foreach(folder base plst support krcache lua transform net dyd transaction reflection luaconnect app)
   if(EXISTS ${PROJECT_SOURCE_DIR}/${folder})
     install(DIRECTORY ${folder} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/orbo
-      FILES_MATCHING PATTERN "*.h" PATTERN "internal" EXCLUDE)
+      FILES_MATCHING PATTERN "*.h")
   endif()
 endforeach()
 install(FILES ${PROJECT_SOURCE_DIR}/orbo/Support.h DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/orbo)

@@ -11,6 +11,7 @@
 //===----------------------------------------------------------------------===//
 #include "plst/Item.h"
 
+#include <type_traits>
 #include <typeinfo>
 #include <utility>
 
@@ -18,27 +19,64 @@ namespace nyPLST {
 
 namespace {
 
-bool isPlainArray(const Item &I) { return typeid(I) == typeid(Array); }
+// The type tag is checked first: it rules out most items without a run-time
+// type lookup, which would otherwise dominate releasing a large tree.
+bool isPlainArray(const Item &I) {
+  return I.type() == ArrayType && typeid(I) == typeid(Array);
+}
 bool isPlainDictionary(const Item &I) {
-  return typeid(I) == typeid(Dictionary);
+  return I.type() == DictionaryType && typeid(I) == typeid(Dictionary);
 }
 
-// Drops references one at a time; a container whose last reference is being
-// dropped hands its children to the list first, so its destructor finds
+// The item as an Array (or a class derived from it), else null. Every Array
+// carries ArrayType, so other tags need no lookup.
+template <class ItemT> auto *asArrayPtr(ItemT &I) {
+  using Result = std::conditional_t<std::is_const_v<ItemT>, const Array, Array>;
+  if (I.type() != ArrayType)
+    return static_cast<Result *>(nullptr);
+  if (typeid(I) == typeid(Array))
+    return static_cast<Result *>(&I);
+  return dynamic_cast<Result *>(&I);
+}
+template <class ItemT> auto *asDictionaryPtr(ItemT &I) {
+  using Result =
+      std::conditional_t<std::is_const_v<ItemT>, const Dictionary, Dictionary>;
+  if (I.type() != DictionaryType)
+    return static_cast<Result *>(nullptr);
+  if (typeid(I) == typeid(Dictionary))
+    return static_cast<Result *>(&I);
+  return dynamic_cast<Result *>(&I);
+}
+
+// Releasing the last reference to a container runs its destructor, which
+// releases its children: a chain would recurse once per level. So a reference
+// that would destroy a container is not released in place but handed to a
+// work list; every other reference (scalars, shared containers) is released
+// at once, which recurses nowhere.
+void releaseOrDefer(qo::Reference<Item> &Ref,
+                    qo::vector<qo::Reference<Item>> &Pending) {
+  if (Ref && Ref->refCount() == 1 &&
+      (Ref->type() == ArrayType || Ref->type() == DictionaryType))
+    Pending.push_back(std::move(Ref));
+  else
+    Ref.reset();
+}
+
+// Empties each deferred container before dropping it, so its destructor finds
 // nothing to release and no destructor ever recurses.
 void releaseAll(qo::vector<qo::Reference<Item>> &Pending) {
   while (!Pending.empty()) {
-    qo::Reference<Item> Last = std::move(Pending.back());
+    const qo::Reference<Item> Last = std::move(Pending.back());
     Pending.pop_back();
-    if (!Last || Last->refCount() != 1)
+    if (Last->refCount() != 1)
       continue;
-    if (auto *A = dynamic_cast<Array *>(Last.get())) {
+    if (auto *A = asArrayPtr(*Last)) {
       for (auto &Child : A->array())
-        Pending.push_back(std::move(Child));
+        releaseOrDefer(Child, Pending);
       A->array().clear();
-    } else if (auto *D = dynamic_cast<Dictionary *>(Last.get())) {
+    } else if (auto *D = asDictionaryPtr(*Last)) {
       for (auto &Entry : D->dictionary())
-        Pending.push_back(std::move(Entry.second));
+        releaseOrDefer(Entry.second, Pending);
       D->dictionary().clear();
     }
   }
@@ -55,7 +93,8 @@ qo::Reference<Item> emptyCopyOf(const Item &Source) {
   if (isPlainArray(Source))
     return qo::Reference<Item>(new Array);
   if (isPlainDictionary(Source))
-    return qo::Reference<Item>(new Dictionary);
+    return qo::Reference<Item>(new Dictionary(
+        static_cast<const Dictionary &>(Source).dictionary().size()));
   return nullptr;
 }
 
@@ -98,7 +137,7 @@ struct ComparePair {
 // false when this level already decides "not congruent".
 bool compareArrays(const Array &Left, const Item &Right,
                    qo::vector<ComparePair> &Work) {
-  const auto *Other = dynamic_cast<const Array *>(&Right);
+  const auto *Other = asArrayPtr(Right);
   if (!Other || Left.size() != Other->size())
     return true;
   for (int I = 0; I < Left.size(); ++I)
@@ -108,7 +147,7 @@ bool compareArrays(const Array &Left, const Item &Right,
 
 bool compareDictionaries(const Dictionary &Left, const Item &Right,
                          qo::vector<ComparePair> &Work) {
-  const auto *Other = dynamic_cast<const Dictionary *>(&Right);
+  const auto *Other = asDictionaryPtr(Right);
   if (!Other || Left.size() != Other->size())
     return false;
   auto R = Other->dictionary().begin();
@@ -154,11 +193,9 @@ qo::Reference<Item> String::onClone() const { return qo::make<String>(Value); }
 Array::~Array() { clear(); }
 
 void Array::clear() {
-  if (Elements.empty())
-    return;
-  qo::vector<qo::Reference<Item>> Pending(
-      std::make_move_iterator(Elements.begin()),
-      std::make_move_iterator(Elements.end()));
+  qo::vector<qo::Reference<Item>> Pending;
+  for (auto &Element : Elements)
+    releaseOrDefer(Element, Pending);
   Elements.clear();
   releaseAll(Pending);
 }
@@ -200,12 +237,9 @@ qo::Reference<Item> Dictionary::find(const qoString::CString &Key) const {
 }
 
 void Dictionary::clear() {
-  if (Entries.empty())
-    return;
   qo::vector<qo::Reference<Item>> Pending;
-  Pending.reserve(Entries.size());
   for (auto &Entry : Entries)
-    Pending.push_back(std::move(Entry.second));
+    releaseOrDefer(Entry.second, Pending);
   Entries.clear();
   releaseAll(Pending);
 }
@@ -213,7 +247,7 @@ void Dictionary::clear() {
 qo::Reference<Item> Dictionary::onClone() const {
   if (isPlainDictionary(*this))
     return cloneTree(*this);
-  auto Copy = qo::make<Dictionary>();
+  auto Copy = qo::make<Dictionary>(Entries.size());
   for (const auto &[Key, Value] : Entries)
     Copy->insert(Key, Value->clone());
   return Copy;

@@ -28,9 +28,11 @@
 #include "base/Reference.h"
 #include "base/ReferenceCount.h"
 #include "base/string/CString.h"
+#include "plst/internal/NodeBlockAllocator.h"
 
 #include <cstdint>
 #include <type_traits>
+#include <utility>
 
 namespace nyPLST {
 
@@ -141,9 +143,19 @@ private:
 
 class Dictionary : public Item {
 public:
-  using Map = qo::rbtree<qoString::CString, qo::Reference<Item>>;
+  // Nodes come in blocks (see internal/NodeBlockAllocator.h): a small
+  // dictionary costs one allocation for all its entries.
+  using Map =
+      qo::rbtree<qoString::CString, qo::Reference<Item>,
+                 qo::less<qoString::CString>,
+                 internal::NodeBlockAllocator<
+                     std::pair<const qoString::CString, qo::Reference<Item>>>>;
 
   Dictionary() : Item(DictionaryType) {}
+  // For a dictionary about to receive ExpectedEntries entries: their nodes
+  // come in one block.
+  explicit Dictionary(std::size_t ExpectedEntries)
+      : Item(DictionaryType), Entries(Map::allocator_type(ExpectedEntries)) {}
   ~Dictionary() override;
 
   bool empty() const { return Entries.empty(); }

@@ -93,8 +93,9 @@ TEST(Dictionary, OrdersBytesUnsignedAndKeepsZeroBytesDistinct) {
   D->insert("\xc3\xa9", num(3)); // above every ASCII key
   D->insert("a", num(4));
   EXPECT_EQ(D->size(), 4);
-  EXPECT_EQ(keysOf(*D), (std::vector<std::string>{"a", std::string("a\0b", 3),
-                                                  std::string("a\0c", 3), "\xc3\xa9"}));
+  EXPECT_EQ(keysOf(*D),
+            (std::vector<std::string>{"a", std::string("a\0b", 3),
+                                      std::string("a\0c", 3), "\xc3\xa9"}));
 }
 
 TEST(Dictionary, MissingKeyDoesNotCreateEntry) {
@@ -144,12 +145,15 @@ TEST(Item, CongruenceFollowsTheLeftOperand) {
       {"array vs double", arrayOf({num(1)}), num(1), true},
       {"array vs dictionary", make<Array>(), make<Dictionary>(), true},
       {"dictionary vs array", make<Dictionary>(), make<Array>(), false},
-      {"{a:1} vs {b:1}", dictOf({{"a", num(1)}}), dictOf({{"b", num(1)}}), false},
-      {"{a:1} vs {a:\"x\"}", dictOf({{"a", num(1)}}), dictOf({{"a", str("x")}}), false},
-      {"{a:1} vs {a:2}", dictOf({{"a", num(1)}}), dictOf({{"a", num(2)}}), true},
-      {"empty dictionaries", make<Dictionary>(), make<Dictionary>(), true},
-      {"dictionaries of different size", dictOf({{"a", num(1)}}), make<Dictionary>(),
+      {"{a:1} vs {b:1}", dictOf({{"a", num(1)}}), dictOf({{"b", num(1)}}),
        false},
+      {"{a:1} vs {a:\"x\"}", dictOf({{"a", num(1)}}), dictOf({{"a", str("x")}}),
+       false},
+      {"{a:1} vs {a:2}", dictOf({{"a", num(1)}}), dictOf({{"a", num(2)}}),
+       true},
+      {"empty dictionaries", make<Dictionary>(), make<Dictionary>(), true},
+      {"dictionaries of different size", dictOf({{"a", num(1)}}),
+       make<Dictionary>(), false},
       {"nested mismatch deep down",
        arrayOf({dictOf({{"k", arrayOf({num(1)})}})}),
        arrayOf({dictOf({{"k", arrayOf({str("x")})}})}), false},
@@ -171,7 +175,8 @@ TEST(Item, ReleasesEveryElementOfSharedSubtrees) {
   CountedDouble::Live = 0;
   {
     Reference<Item> Shared = make<CountedDouble>(1);
-    auto Outer = arrayOf({Shared, dictOf({{"s", Shared}, {"t", make<CountedDouble>(2)}})});
+    auto Outer = arrayOf(
+        {Shared, dictOf({{"s", Shared}, {"t", make<CountedDouble>(2)}})});
     Shared.reset();
     EXPECT_EQ(CountedDouble::Live, 2);
   }
