@@ -4,15 +4,10 @@
 
 #include <gtest/gtest.h>
 
-TEST(DebugChannel, OneChannelForTheCacheStartingOff) {
+TEST(DebugChannel, OneChannelForTheCachePrintingOnlyWhenOn) {
   qoOS::DebugChannel &Channel = qoKRCache::debugChannel();
   EXPECT_EQ(&Channel, &qoKRCache::debugChannel());
-  EXPECT_FALSE(Channel.isEnabled());
   EXPECT_EQ(Channel.name().view(), "qoKRCache");
-}
-
-TEST(DebugChannel, ReportsReachAppOutputOnlyWhenOn) {
-  qoOS::DebugChannel &Channel = qoKRCache::debugChannel();
   qoOS::AppOutput::Capture Out;
   Channel.print("Memory limit set to %.02fMB\n", 2.0);
   Channel.enable();

@@ -1,7 +1,7 @@
-//===- tests/plst/ItemBuilders.h - Item trees for the JSON tests ----------===//
+//===- tests/plst/ItemBuilders.h - Item trees for the plst tests ----------===//
 //
-// Short builders for literal trees, deep chains and random trees, shared by
-// the pretty-printer, writer and reader tests.
+// Short builders for literal trees, deep chains and random trees, and a
+// value-by-value tree comparison, shared by the plst tests.
 //
 //===----------------------------------------------------------------------===//
 #ifndef ORBO_TESTS_PLST_ITEMBUILDERS_H
@@ -9,6 +9,7 @@
 
 #include "plst/Item.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstdint>
 #include <cstring>
@@ -19,26 +20,22 @@
 
 namespace plsttest {
 
-inline qo::Reference<nyPLST::Item> num(double V) {
-  return qo::make<nyPLST::Double>(V);
-}
-inline qo::Reference<nyPLST::Item> boolean(bool V) {
-  return qo::make<nyPLST::Bool>(V);
-}
-inline qo::Reference<nyPLST::Item> str(qoString::CString V) {
+using ItemRef = qo::Reference<nyPLST::Item>;
+
+inline ItemRef num(double V) { return qo::make<nyPLST::Double>(V); }
+inline ItemRef boolean(bool V) { return qo::make<nyPLST::Bool>(V); }
+inline ItemRef str(qoString::CString V) {
   return qo::make<nyPLST::String>(std::move(V));
 }
-inline qo::Reference<nyPLST::Item>
-arrayOf(std::initializer_list<qo::Reference<nyPLST::Item>> Elements) {
+inline qo::Reference<nyPLST::Array>
+arrayOf(std::initializer_list<ItemRef> Elements) {
   auto A = qo::make<nyPLST::Array>();
   for (const auto &E : Elements)
     A->insert(E);
   return A;
 }
-inline qo::Reference<nyPLST::Item>
-dictOf(std::initializer_list<
-       std::pair<qoString::CString, qo::Reference<nyPLST::Item>>>
-           Entries) {
+inline qo::Reference<nyPLST::Dictionary>
+dictOf(std::initializer_list<std::pair<qoString::CString, ItemRef>> Entries) {
   auto D = qo::make<nyPLST::Dictionary>();
   for (const auto &[Key, Value] : Entries)
     D->insert(Key, Value);
@@ -46,54 +43,46 @@ dictOf(std::initializer_list<
 }
 
 // Depth arrays, each holding the next; the innermost is empty.
-inline qo::Reference<nyPLST::Item> deepArray(int Depth) {
-  qo::Reference<nyPLST::Item> Inner = qo::make<nyPLST::Array>();
-  for (int I = 1; I < Depth; ++I) {
-    auto Outer = qo::make<nyPLST::Array>();
-    Outer->insert(std::move(Inner));
-    Inner = std::move(Outer);
-  }
+inline ItemRef deepArray(int Depth) {
+  ItemRef Inner = qo::make<nyPLST::Array>();
+  for (int I = 1; I < Depth; ++I)
+    Inner = arrayOf({std::move(Inner)});
   return Inner;
 }
 
-// Same kinds, same values, same keys, all the way down (NaN equals NaN).
+// Same kinds, same bits of every number, same keys, all the way down.
 // Recursive: for the small trees of the tests.
 inline bool sameTree(const nyPLST::Item *A, const nyPLST::Item *B) {
-  if (!A || !B)
+  using namespace nyPLST;
+  if (!A || !B || A->type() != B->type())
     return A == B;
-  if (A->type() != B->type())
-    return false;
+  const auto Same = [](const ItemRef &X, const ItemRef &Y) {
+    return sameTree(X.get(), Y.get());
+  };
   switch (A->type()) {
-  case nyPLST::BoolType:
-    return static_cast<const nyPLST::Bool *>(A)->value() ==
-           static_cast<const nyPLST::Bool *>(B)->value();
-  case nyPLST::DoubleType: {
-    const double X = static_cast<const nyPLST::Double *>(A)->value();
-    const double Y = static_cast<const nyPLST::Double *>(B)->value();
-    return std::memcmp(&X, &Y, sizeof X) == 0 || X == Y;
+  case BoolType:
+    return static_cast<const Bool *>(A)->value() ==
+           static_cast<const Bool *>(B)->value();
+  case DoubleType: {
+    const double X = static_cast<const Double *>(A)->value();
+    const double Y = static_cast<const Double *>(B)->value();
+    return std::memcmp(&X, &Y, sizeof X) == 0;
   }
-  case nyPLST::StringType:
-    return static_cast<const nyPLST::String *>(A)->value() ==
-           static_cast<const nyPLST::String *>(B)->value();
-  case nyPLST::ArrayType: {
-    const auto &X = static_cast<const nyPLST::Array *>(A)->array();
-    const auto &Y = static_cast<const nyPLST::Array *>(B)->array();
-    if (X.size() != Y.size())
-      return false;
-    for (std::size_t I = 0; I < X.size(); ++I)
-      if (!sameTree(X[I].get(), Y[I].get()))
-        return false;
-    return true;
+  case StringType:
+    return static_cast<const String *>(A)->value() ==
+           static_cast<const String *>(B)->value();
+  case ArrayType: {
+    const auto &X = static_cast<const Array *>(A)->array();
+    const auto &Y = static_cast<const Array *>(B)->array();
+    return std::equal(X.begin(), X.end(), Y.begin(), Y.end(), Same);
   }
-  case nyPLST::DictionaryType: {
-    const auto &X = static_cast<const nyPLST::Dictionary *>(A)->dictionary();
-    const auto &Y = static_cast<const nyPLST::Dictionary *>(B)->dictionary();
-    if (X.size() != Y.size())
-      return false;
-    for (auto I = X.begin(), J = Y.begin(); I != X.end(); ++I, ++J)
-      if (I->first != J->first || !sameTree(I->second.get(), J->second.get()))
-        return false;
-    return true;
+  case DictionaryType: {
+    const auto &X = static_cast<const Dictionary *>(A)->dictionary();
+    const auto &Y = static_cast<const Dictionary *>(B)->dictionary();
+    return std::equal(X.begin(), X.end(), Y.begin(), Y.end(),
+                      [&](const auto &P, const auto &Q) {
+                        return P.first == Q.first && Same(P.second, Q.second);
+                      });
   }
   }
   return false;
@@ -106,58 +95,47 @@ class RandomTree {
 public:
   explicit RandomTree(unsigned Seed) : Engine(Seed) {}
 
-  qo::Reference<nyPLST::Item> make(int Depth) {
-    return make(Depth, pick(0, Depth > 0 ? 4 : 2));
-  }
-  // An array or a dictionary at the top.
-  qo::Reference<nyPLST::Item> container(int Depth) {
-    return make(Depth, pick(3, 4));
-  }
+  // An array or a dictionary with Depth levels of containers below it.
+  ItemRef container(int Depth) { return make(Depth, pick(3, 4)); }
 
 private:
-  qo::Reference<nyPLST::Item> make(int Depth, int Kind) {
-    switch (Kind) {
-    case 0:
+  ItemRef make(int Depth, int Kind) {
+    if (Kind == 0)
       return boolean(pick(0, 1) == 1);
-    case 1:
+    if (Kind == 1)
       return num(finiteDouble());
-    case 2:
+    if (Kind == 2)
       return str(text());
-    case 3: {
-      auto A = qo::make<nyPLST::Array>();
-      for (int I = pick(0, 6); I > 0; --I)
-        A->insert(make(Depth - 1));
+    auto A = qo::make<nyPLST::Array>();
+    auto D = qo::make<nyPLST::Dictionary>();
+    for (int I = pick(0, 6); I > 0; --I) {
+      ItemRef Child = make(Depth - 1, pick(0, Depth > 1 ? 4 : 2));
+      if (Kind == 3)
+        A->insert(std::move(Child));
+      else
+        D->insert(text(), std::move(Child));
+    }
+    if (Kind == 3)
       return A;
-    }
-    default: {
-      auto D = qo::make<nyPLST::Dictionary>();
-      for (int I = pick(0, 6); I > 0; --I)
-        D->insert(text(), make(Depth - 1));
-      return D;
-    }
-    }
+    return D;
   }
 
   int pick(int Low, int High) {
     return std::uniform_int_distribution<int>(Low, High)(Engine);
   }
+  // Integers, everyday magnitudes, and any bit pattern that is finite.
   double finiteDouble() {
-    switch (pick(0, 3)) {
-    case 0:
+    const int Kind = pick(0, 3);
+    if (Kind == 0)
       return pick(-1000, 1000);
-    case 1:
+    if (Kind == 1)
       return std::uniform_real_distribution<double>(-1e6, 1e6)(Engine);
-    default: {
-      double V;
-      do {
-        const auto Bits =
-            std::uniform_int_distribution<std::uint64_t>()(Engine);
-        static_assert(sizeof Bits == sizeof V);
-        std::memcpy(&V, &Bits, sizeof V);
-      } while (!std::isfinite(V));
-      return V;
-    }
-    }
+    double V;
+    do {
+      const std::uint64_t Bits = Engine();
+      std::memcpy(&V, &Bits, sizeof V);
+    } while (!std::isfinite(V));
+    return V;
   }
   qoString::CString text() {
     static const char *const Pieces[] = {

@@ -13,14 +13,8 @@ using namespace plsttest;
 
 namespace {
 
-std::string write(const qo::Reference<Item> &I) {
-  qoString::CString Out;
-  EXPECT_TRUE(convertToJSON(Out, I));
-  return std::string(Out.view());
-}
-
 // What writing I throws, with the text appended before the throw.
-std::pair<std::string, std::string> failure(const qo::Reference<Item> &I) {
+std::pair<std::string, std::string> failure(const ItemRef &I) {
   qoString::CString Out("prefix|");
   try {
     convertToJSON(Out, I);
@@ -33,72 +27,51 @@ std::pair<std::string, std::string> failure(const qo::Reference<Item> &I) {
 
 } // namespace
 
-TEST(JSONWriter, BeautifiedLayoutInKeyOrder) {
-  const auto I =
-      dictOf({{"b", arrayOf({num(1), boolean(false)})}, {"a", dictOf({})}});
-  EXPECT_EQ(write(I), "{\n"
-                      "    \"a\": {\n\n"
-                      "    },\n"
-                      "    \"b\": [\n"
-                      "        1.0,\n"
-                      "        false\n"
-                      "    ]\n"
-                      "}\n");
-}
-
-TEST(JSONWriter, AppendsToOut) {
-  qoString::CString Out("x");
-  convertToJSON(Out, boolean(true));
-  EXPECT_EQ(Out, "xtrue\n");
-}
-
-TEST(JSONWriter, NullsAreWrittenAsNull) {
-  EXPECT_EQ(write(nullptr), "null\n");
-  auto A = qo::make<Array>();
-  A->insert(nullptr);
-  EXPECT_EQ(write(A), "[\n    null\n]\n");
-}
-
-TEST(JSONWriter, DoublesHaveTwentyDigitsAndReadAsDoubles) {
-  struct Case {
-    double Value;
-    const char *Expected;
+TEST(JSONWriter, WritesBeautifiedEscapedTextWithTwentyDigitNumbers) {
+  const std::pair<ItemRef, const char *> Cases[] = {
+      {dictOf({{"b", arrayOf({num(1), boolean(false), nullptr})},
+               {"a", dictOf({})}}),
+       "{\n"
+       "    \"a\": {\n\n"
+       "    },\n"
+       "    \"b\": [\n"
+       "        1.0,\n"
+       "        false,\n"
+       "        null\n"
+       "    ]\n"
+       "}\n"},
+      {nullptr, "null\n"},
+      {str(qoString::CString("q\"b\\n\n\x01\0/", 9)),
+       "\"q\\\"b\\\\n\\n\\u0001\\u0000/\"\n"},
+      {num(-0.0), "-0.0\n"},
+      {num(-12), "-12.0\n"},
+      {num(0.1), "0.10000000000000000555\n"},
+      {num(1.5), "1.5\n"},
+      {num(1e19), "10000000000000000000.0\n"},
+      {num(1e20), "1e+20\n"},
+      {num(1e-7), "9.9999999999999995475e-08\n"},
   };
-  const Case Cases[] = {
-      {0.0, "0.0\n"},
-      {-0.0, "-0.0\n"},
-      {3, "3.0\n"},
-      {-12, "-12.0\n"},
-      {0.1, "0.10000000000000000555\n"},
-      {1.5, "1.5\n"},
-      {1e19, "10000000000000000000.0\n"},
-      {1e20, "1e+20\n"},
-      {1e-7, "9.9999999999999995475e-08\n"},
-  };
-  for (const auto &C : Cases)
-    EXPECT_EQ(write(num(C.Value)), C.Expected) << C.Value;
+  for (const auto &[Value, Expected] : Cases) {
+    qoString::CString Out("x");
+    EXPECT_TRUE(convertToJSON(Out, Value));
+    EXPECT_EQ(std::string(Out.view()), std::string("x") + Expected);
+  }
 }
 
-TEST(JSONWriter, StringsAreEscaped) {
-  EXPECT_EQ(write(str(qoString::CString("q\"b\\n\n\x01\0/", 9))),
-            "\"q\\\"b\\\\n\\n\\u0001\\u0000/\"\n");
-}
-
-TEST(JSONWriter, NonFiniteNumbersThrowKeepingText) {
-  for (const double Bad : {std::numeric_limits<double>::quiet_NaN(),
-                           std::numeric_limits<double>::infinity(),
-                           -std::numeric_limits<double>::infinity()}) {
+// The generator refuses non-finite numbers and the 128th level; whatever it
+// wrote before stays in Out.
+TEST(JSONWriter, RefusalThrowsAndKeepsTheTextWrittenSoFar) {
+  const double Inf = std::numeric_limits<double>::infinity();
+  for (const double Bad : {std::nan(""), Inf, -Inf}) {
     const auto [Message, Text] = failure(arrayOf({num(1), num(Bad)}));
     EXPECT_NE(Message.find("yajl_gen_invalid_number"), std::string::npos);
     EXPECT_EQ(Text, "prefix|[\n    1.0");
   }
-}
-
-TEST(JSONWriter, DepthLimitThrows) {
-  EXPECT_NO_THROW(write(deepArray(127)));
+  qoString::CString Out;
+  EXPECT_NO_THROW(convertToJSON(Out, deepArray(127)));
   const auto [Message, Text] = failure(deepArray(128));
-  EXPECT_NE(Message.find("yajl_max_depth_exceeded"), std::string::npos);
   EXPECT_EQ(Message.rfind("json generation failed: ", 0), 0u);
+  EXPECT_NE(Message.find("yajl_max_depth_exceeded"), std::string::npos);
   EXPECT_EQ(Text.rfind("prefix|[", 0), 0u);
   // A deep tree costs no more than the refused level.
   EXPECT_FALSE(failure(deepArray(1000000)).first.empty());

@@ -26,6 +26,7 @@ public:
     getSigContextStackEmpty().addCallback([this] { Log.push_back("empty"); });
   }
 
+  // The mode's name, or its number past the named modes.
   static std::string name(const nySupport::Context &C) {
     if (C.mode() >= nySupport::Context::ModeCount)
       return std::to_string(C.mode());
@@ -34,26 +35,22 @@ public:
 
   void onCustom(Domain *) override { Log.push_back("custom"); }
   void onContextBegin(Domain *D, const nySupport::Context &C) override {
-    check(D);
-    Log.push_back("begin " + name(C));
+    note(D, "begin " + name(C));
     if (ThrowOnContextBegin)
       throw std::runtime_error("context refused");
   }
   void onContextEnd(Domain *D, const nySupport::Context &C) override {
-    check(D);
-    Log.push_back("end " + name(C));
+    note(D, "end " + name(C));
   }
   void onCallInfoBegin(Domain *D, nySupport::CallInfo *Info,
                        bool AppOnly) override {
-    check(D);
-    Log.push_back(AppOnly ? "record begin appOnly" : "record begin");
+    note(D, AppOnly ? "record begin appOnly" : "record begin");
     if (ThrowOnCallInfoBegin)
       throw std::runtime_error("record refused");
     Records.push_back(Info);
   }
   void onCallInfoEnd(Domain *D, nySupport::CallInfo *Info) override {
-    check(D);
-    Log.push_back(Info == Records.back() ? "record end" : "record end (?)");
+    note(D, Info == Records.back() ? "record end" : "record end (?)");
     Records.pop_back();
   }
 
@@ -67,9 +64,8 @@ public:
   bool ThrowOnCallInfoBegin = false;
 
 private:
-  void check(Domain *D) {
-    if (D != this)
-      Log.push_back("hook called with another domain");
+  void note(Domain *D, const std::string &Event) {
+    Log.push_back(D == this ? Event : Event + " (another domain)");
   }
 };
 
