@@ -10,6 +10,7 @@
 #include "support/Debug.h"
 
 #include "krcache/DebugChannel.h"
+#include "transaction/Manager.h"
 
 #include <cassert>
 #include <iterator>
@@ -153,9 +154,15 @@ void Debug::toggle(DebugCode Code) { setEnabled(Code, !isEnabled(Code)); }
 void Debug::setEnabled(DebugCode Code, bool On) {
   qoOS::DebugChannel &Target = channel(Code);
   On ? Target.enable() : Target.disable();
+  // The cache and the transaction library print on channels of their own,
+  // below this layer; their codes switch them too.
   if (Code == Debug_Resources) {
     qoOS::DebugChannel &Cache = qoKRCache::debugChannel();
     On ? Cache.enable() : Cache.disable();
+  }
+  if (Code == Debug_Undo) {
+    qoOS::DebugChannel &Undo = nyTXN::undoChannel();
+    On ? Undo.enable() : Undo.disable();
   }
   SigChanged.emit(Code);
 }

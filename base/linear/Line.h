@@ -35,6 +35,15 @@ public:
     set(P, Direction.toVector());
   }
   static Line through(const Point &A, const Point &B) { return {A, B - A}; }
+  // Takes a direction that is already unit length (or zero) as it is, so a
+  // saved line comes back bit for bit.
+  static Line fromUnit(const Point &P, const Vector &UnitDirection) {
+    Line L;
+    L.Origin = P;
+    L.Dir = UnitDirection;
+    L.Valid = !UnitDirection.isZero();
+    return L;
+  }
 
   // Normalises Direction; the line is valid when Direction is not zero.
   void set(const Point &P, const Vector &Direction) {
