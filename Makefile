@@ -26,8 +26,10 @@ asan-test:
 
 bench: bootstrap
 	cmake --preset release >/dev/null
-	cmake --build build/release -j $(JOBS) --target json_bench
-	build/release/bin/json_bench
+	cmake --build build/release -j $(JOBS)
+	for b in json_bench broadcast_bench property_bench; do \
+	  if [ -x build/release/bin/$$b ]; then build/release/bin/$$b; fi; \
+	done
 
 clean:
 	rm -rf build
