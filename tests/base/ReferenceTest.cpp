@@ -23,13 +23,6 @@ struct Node : qo::ReferenceCount {
 
 struct Leaf : Node {};
 
-// Counts in its own way, as properties do: Reference must only call these.
-struct OwnCount {
-  void ref() const { ++Refs; }
-  void unref() const { --Refs; }
-  mutable int Refs = 0;
-};
-
 } // namespace
 
 TEST(Reference, CountsEveryHolderAndDeletesAtZero) {
@@ -59,14 +52,6 @@ TEST(Reference, ConstViewSharesTheObject) {
   EXPECT_TRUE(qo::constCast<Node>(View) == Reference<Node>(L));
   EXPECT_EQ(qo::dynamicCast<const Leaf>(View).get(), L.get());
   EXPECT_FALSE(qo::dynamicCast<Leaf>(Reference<Node>(new Node)));
-
-  OwnCount Object;
-  {
-    Reference<OwnCount> A(&Object);
-    Reference<const OwnCount> B = A;
-    EXPECT_EQ(Object.Refs, 2);
-  }
-  EXPECT_EQ(Object.Refs, 0);
 }
 
 // Comparing with a raw pointer must not take and drop a reference: for an

