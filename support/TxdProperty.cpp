@@ -3,7 +3,6 @@
 #include "support/UnTxdProperty.h"
 
 #include <algorithm>
-#include <cstdint>
 #include <utility>
 
 // Invariants, while the objects exist: a property is listed once in the
@@ -16,41 +15,6 @@
 // untransacted side is not recorded and is only ever detached by them.
 
 namespace nySupport {
-
-namespace {
-
-// The member list is written as the properties' own addresses. The generic
-// pointer methods would write the address of the RefCountedObject base, which
-// for TxdProperty (Property comes first) is not the address a plain read
-// gives back.
-using MemberList = qo::vector<TxdProperty *>;
-
-void writeMembers(nyTXN::Writer &W, const void *Field) {
-  const MemberList &List = *static_cast<const MemberList *>(Field);
-  const auto Count = static_cast<std::int32_t>(List.size());
-  W.writeData(&Count, sizeof Count);
-  for (const TxdProperty *P : List) {
-    W.note(P);
-    W.writePtr(static_cast<const void *>(P));
-  }
-}
-
-void readMembers(nyTXN::Reader &R, void *Field) {
-  MemberList &List = *static_cast<MemberList *>(Field);
-  List.clear();
-  std::int32_t Count = 0;
-  R.readData(&Count, sizeof Count);
-  for (std::int32_t I = 0; I < Count && !R.failed(); ++I)
-    List.push_back(static_cast<TxdProperty *>(R.readPtr()));
-}
-
-void clearMembers(nyTXN::Clear &, void *Field) {
-  static_cast<MemberList *>(Field)->clear();
-}
-
-constexpr nyTXN::FieldIO MembersIO{&writeMembers, &readMembers, &clearMembers};
-
-} // namespace
 
 //===-- TxdProperty -------------------------------------------------------===//
 
@@ -210,7 +174,7 @@ void TxdPropertyData::clearTwin() {
 void TxdPropertyData::onTransact(nyTXN::Serializer &S) {
   S.beginObject(this, &TxdPropertyData::txnRestore);
   RefCountedObject::onTransact(S);
-  S.field(&Properties, MembersIO);
+  S.field(Properties);
   S.field(Item);
   S.field(Twin);
   S.endObject();

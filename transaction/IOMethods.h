@@ -13,10 +13,11 @@
 // found by argument-dependent lookup (Writer, Reader and Clear are in nyTXN,
 // so overloads declared in nyTXN for any type are found). This header gives
 // them for arithmetic and enumeration types (raw bytes), plain pointers (the
-// pointer), qo::Reference<T> (the pointer; reading takes a reference on the
-// new object and then releases the old one; clearing releases and nulls) and
-// std::vector<T> (a 4-byte signed count, then each element; clearing empties
-// it). support/TxnIO.h adds the layer's value types.
+// pointer; to a RefCountedObject, the address of that base, which need not be
+// the object's own), qo::Reference<T> (the pointer; reading takes a reference
+// on the new object and then releases the old one; clearing releases and nulls)
+// and std::vector<T> (a 4-byte signed count, then each element; clearing
+// empties it). support/TxnIO.h adds the layer's value types.
 //
 // Ownership: the history keeps pointers, not references. A pointer written
 // there must be to a RefCountedObject (the manager keeps it alive while a step
@@ -156,8 +157,19 @@ template <class T> void write(Writer &W, T *const &Ptr) {
     W.writePtr(static_cast<const void *>(Ptr));
   }
 }
+// The write side stored the RefCountedObject base's address, which is not
+// the object's own when that base is not the first: cast back through it.
+namespace internal {
+template <class T> T *readPointer(Reader &R) {
+  void *Raw = R.readPtr();
+  if constexpr (std::is_base_of_v<RefCountedObject, std::remove_cv_t<T>>)
+    return static_cast<T *>(static_cast<RefCountedObject *>(Raw));
+  else
+    return static_cast<T *>(Raw);
+}
+} // namespace internal
 template <class T> void read(Reader &R, T *&Ptr) {
-  Ptr = static_cast<T *>(R.readPtr());
+  Ptr = internal::readPointer<T>(R);
 }
 template <class T> void clear(Clear &, T *&Ptr) { Ptr = nullptr; }
 
@@ -171,7 +183,7 @@ template <class T> void write(Writer &W, const qo::Reference<T> &Ref) {
   write(W, Ptr);
 }
 template <class T> void read(Reader &R, qo::Reference<T> &Ref) {
-  Ref = qo::Reference<T>(static_cast<T *>(R.readPtr()));
+  Ref = qo::Reference<T>(internal::readPointer<T>(R));
 }
 template <class T> void clear(Clear &, qo::Reference<T> &Ref) { Ref.reset(); }
 

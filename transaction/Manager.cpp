@@ -168,18 +168,19 @@ Step &Manager::openNewStep() {
   return *Open;
 }
 
-void Manager::recordInto(Step &S, Object *O) {
+bool Manager::recordInto(Step &S, Object *O) {
   const std::size_t Offset = S.Data.size();
   Writer W(S.Data, S.TxnStamp);
   Serializer Description(W);
   O->onTransact(Description);
   if (!Description.hasBegun())
-    return;
+    return false;
   assert(S.Data.size() - Offset <= UINT32_MAX && "recorded object too large");
   S.Entries.push_back({O, static_cast<std::uint32_t>(Offset),
                        static_cast<std::uint32_t>(S.Data.size() - Offset)});
   if (O->Counted)
     W.note(static_cast<RefCountedObject *>(O));
+  return true;
 }
 
 void Manager::clearFields(Object *O) {
@@ -216,56 +217,73 @@ void Manager::closeStep() {
     Pending = true;
 }
 
-// Drops the newest done step without undoing it. Objects it released stay
-// revivable by the step before (with their bytes from before the dropped
-// step), since that step's bytes may point at them; the ones that step
-// created are simply gone.
+// Drops the newest done step without undoing it: its changes become part of
+// the step before (when there is one), whose undo must then take every
+// object the dropped step touched back to where it was before that step.
+// So the step before takes over the dropped step's bytes of the objects it
+// did not record itself, its created objects and its released ones; an
+// object both created by the step before and released by the dropped one
+// never existed as far as the history is concerned, and is deleted.
 void Manager::dropInto(Step *S) {
   assert(!Steps.empty() && Steps.back() == S && Position == Steps.size() &&
          "only the newest done step can be dropped");
   Steps.pop_back();
   --Position;
   HistoryBytes -= S->Bytes;
-  Step *Prev = Position > 0 ? Steps[Position - 1] : nullptr;
-  if (!Prev) {
+  if (Position == 0) {
     for (RefCountedObject *X : S->Destroyed)
       deleteOrDetach(X);
-  } else if (!S->Destroyed.empty()) {
-    std::unordered_set<const Object *> Recorded;
-    for (const Entry &E : Prev->Entries)
-      Recorded.insert(E.Obj);
-    bool Compact = false;
-    for (RefCountedObject *X : S->Destroyed) {
-      if (X->BirthStamp == Prev->TxnStamp) {
-        assert(Prev->Created[X->Slot] == X && "created list out of step");
-        Prev->Created[X->Slot] = nullptr;
-        --Prev->LiveCreated;
-        Compact = true;
-        deleteOrDetach(X);
-        continue;
-      }
-      if (!Recorded.count(X))
-        for (const Entry &E : S->Entries)
-          if (E.Obj == X) {
-            const auto Offset = static_cast<std::uint32_t>(Prev->Data.size());
-            Prev->Data.append(S->Data.data() + E.Offset, E.Size);
-            Prev->Entries.push_back({X, Offset, E.Size});
-            break;
-          }
-      Prev->Destroyed.push_back(X);
-    }
-    if (Compact) {
-      std::size_t Kept = 0;
-      for (RefCountedObject *X : Prev->Created)
-        if (X) {
-          X->Slot = static_cast<std::uint32_t>(Kept);
-          Prev->Created[Kept++] = X;
-        }
-      Prev->Created.resize(Kept);
-    }
-    updateSize(*Prev);
+  } else {
+    Step &Prev = *Steps[Position - 1];
+    mergeInto(Prev, *S);
+    updateSize(Prev);
   }
   retire(S);
+}
+
+void Manager::mergeInto(Step &Prev, Step &S) {
+  auto BornInPrev = [&](const Object *O) {
+    return O->Counted && static_cast<const RefCountedObject *>(O)->BirthStamp ==
+                             Prev.TxnStamp;
+  };
+  std::unordered_set<const Object *> Recorded;
+  Recorded.reserve(Prev.Entries.size());
+  for (const Entry &E : Prev.Entries)
+    Recorded.insert(E.Obj);
+  for (const Entry &E : S.Entries) {
+    if (BornInPrev(E.Obj) || !Recorded.insert(E.Obj).second)
+      continue;
+    const auto Offset = static_cast<std::uint32_t>(Prev.Data.size());
+    Prev.Data.append(S.Data.data() + E.Offset, E.Size);
+    Prev.Entries.push_back({E.Obj, Offset, E.Size});
+  }
+  for (RefCountedObject *X : S.Created) {
+    X->BirthStamp = Prev.TxnStamp;
+    X->Slot = static_cast<std::uint32_t>(Prev.Created.size());
+    Prev.Created.push_back(X);
+    ++Prev.LiveCreated;
+  }
+  bool Compact = false;
+  for (RefCountedObject *X : S.Destroyed) {
+    if (!BornInPrev(X)) {
+      Prev.Destroyed.push_back(X);
+      continue;
+    }
+    assert(Prev.Created[X->Slot] == X && "created list out of step");
+    Prev.Created[X->Slot] = nullptr;
+    --Prev.LiveCreated;
+    Compact = true;
+    deleteOrDetach(X);
+  }
+  if (!Compact)
+    return;
+  std::size_t Kept = 0;
+  for (RefCountedObject *X : Prev.Created)
+    if (X) {
+      X->Slot = static_cast<std::uint32_t>(Kept);
+      Prev.Created[Kept++] = X;
+    }
+  Prev.Created.resize(Kept);
 }
 
 void Manager::keepPending() {
@@ -381,14 +399,18 @@ void Manager::releaseOne(RefCountedObject *X) {
     destroyNow(X);
     return;
   }
+  // An object whose description is empty (a value holder) has nothing to
+  // clear either.
+  bool HasFields = true;
   if (X->TxnStamp != Current) {
     X->TxnStamp = Current;
-    recordInto(S, X);
+    HasFields = recordInto(S, X);
   }
   announceDestroyed(X);
   if (X->Count != 0)
     return;
-  clearFields(X);
+  if (HasFields)
+    clearFields(X);
   X->Extant = false;
   S.Destroyed.push_back(X);
 }
@@ -427,6 +449,8 @@ bool Manager::knownToHistory(const RefCountedObject *X) const {
 
 void Manager::park(RefCountedObject *X) {
   X->Extant = false;
+  if (X->Flags & RefCountedObject::Parked)
+    return;
   X->Flags |= RefCountedObject::Parked;
   Parked.push_back(X);
   if (undoChannel().isEnabled())
@@ -434,6 +458,15 @@ void Manager::park(RefCountedObject *X) {
                         "stays allocated until its manager goes: the undo "
                         "history refers to it\n",
                         className(X).c_str());
+}
+
+// Undo revives a parked object that a step released: the step keeps it
+// again from then on.
+void Manager::unpark(RefCountedObject *X) {
+  if (!(X->Flags & RefCountedObject::Parked))
+    return;
+  X->Flags &= ~RefCountedObject::Parked;
+  eraseFirst(Parked, X);
 }
 
 void Manager::forgetOrphan(RefCountedObject *X) {
@@ -513,8 +546,10 @@ void Manager::undoStep(Step &S) {
       clearFields(X);
     X->Extant = false;
   }
-  for (RefCountedObject *X : S.Destroyed)
+  for (RefCountedObject *X : S.Destroyed) {
+    unpark(X);
     X->Extant = true;
+  }
   S.Data.swap(Scratch);
   S.Undone = true;
 }

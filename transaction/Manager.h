@@ -7,9 +7,9 @@
 //
 // Transaction types (the integer handed to beginTransaction):
 //   0  records an undo step;
-//   1  records, and the step is dropped at the end without being undone
-//      (an object that an earlier step recorded is still restored whole
-//      when that step is undone, transient change included);
+//   1  records, and the step is dropped at the end without being undone:
+//      its changes join the step before, whose undo takes them back too
+//      (objects it created included), and whose redo brings them back;
 //   2  records nothing;
 //   3  read-only: a recording attempt is reported on undoChannel() and the
 //      change goes ahead unrecorded;
@@ -194,6 +194,7 @@ private:
   void deleteOrDetach(RefCountedObject *X);
   void announceDestroyed(RefCountedObject *X);
   void park(RefCountedObject *X);
+  void unpark(RefCountedObject *X);
   bool knownToHistory(const RefCountedObject *X) const;
   void forgetOrphan(RefCountedObject *X);
   void settleLater(RefCountedObject *X);
@@ -202,7 +203,8 @@ private:
   void onTransactSlow(Object *O);
   internal::Step &openStep() { return Open ? *Open : openNewStep(); }
   internal::Step &openNewStep();
-  void recordInto(internal::Step &S, Object *O);
+  // False when O describes no fields (nothing was recorded).
+  bool recordInto(internal::Step &S, Object *O);
   void clearFields(Object *O);
   void restoreEntry(internal::Step &S, internal::Entry &E, bool Undo);
   void undoStep(internal::Step &S);
@@ -210,6 +212,7 @@ private:
   void announce(internal::Step &S, bool Undo);
   void closeStep();
   void dropInto(internal::Step *S);
+  void mergeInto(internal::Step &Prev, internal::Step &S);
   void keepPending();
 
   internal::Step *newStep();

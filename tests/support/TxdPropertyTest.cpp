@@ -24,7 +24,8 @@ TEST(TxdProperty, StoreRecordsItsMembersValueAndLink) {
   std::memcpy(&Count, Bytes.data(), 4);
   std::memcpy(Pointers, Bytes.data() + 4, sizeof Pointers);
   EXPECT_EQ(Count, 3);
-  EXPECT_EQ(Pointers[2], static_cast<const void *>(C.get()));
+  EXPECT_EQ(Pointers[2], static_cast<const void *>(
+                             dynamic_cast<nyTXN::RefCountedObject *>(C.get())));
   EXPECT_EQ(Pointers[4], nullptr); // no twin link
 
   // The value holder is charged a fixed size; the item costs nothing.

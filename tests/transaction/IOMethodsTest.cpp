@@ -37,6 +37,31 @@ public:
   std::vector<Shape *> List;
 };
 
+// A class whose RefCountedObject base does not come first, so that the
+// base's address differs from the object's.
+struct Payload {
+  virtual ~Payload() = default;
+  double Weight = 0;
+};
+class Late : public Payload, public nyTXN::RefCountedObject {
+public:
+  using RefCountedObject::RefCountedObject;
+};
+class LateHolder : public nyTXN::RefCountedObject {
+public:
+  using RefCountedObject::RefCountedObject;
+  void onTransact(nyTXN::Serializer &S) override {
+    S.beginObject(this);
+    S.field(One);
+    S.field(List);
+    S.field(Ref);
+    S.endObject();
+  }
+  Late *One = nullptr;
+  std::vector<Late *> List;
+  qo::Reference<Late> Ref;
+};
+
 template <class T> std::vector<unsigned char> bytesOf(const T &Value) {
   nyTXN::internal::ByteBuffer Buffer;
   nyTXN::Writer W(Buffer, 0);
@@ -64,6 +89,34 @@ TEST(IOMethods, PointerListIsACountThenThePointers) {
   nyTXN::IOMethods<std::vector<Shape *>>::Table.callRead(R, &Store.List);
   EXPECT_TRUE(R.atEnd());
   EXPECT_EQ(Store.List, (std::vector<Shape *>{A.get(), B.get(), A.get()}));
+}
+
+TEST(IOMethods, PointersToABaseNotFirstComeBackAsTheObject) {
+  nyTXN::Manager M;
+  qo::Reference<Late> A(new Late(M)), B(new Late(M));
+  ASSERT_NE(
+      static_cast<void *>(A.get()),
+      static_cast<void *>(static_cast<nyTXN::RefCountedObject *>(A.get())));
+  qo::Reference<LateHolder> H(new LateHolder(M));
+  H->One = A.get();
+  H->List = {A.get(), B.get()};
+  H->Ref = A;
+  M.beginTransaction(nyTXN::TxnUndoable);
+  H->recordChange();
+  H->One = B.get();
+  H->List = {B.get()};
+  H->Ref = B;
+  M.endTransaction();
+  ASSERT_TRUE(M.undo());
+  EXPECT_EQ(H->One, A.get());
+  EXPECT_EQ(H->List, (std::vector<Late *>{A.get(), B.get()}));
+  EXPECT_EQ(H->Ref.get(), A.get());
+  EXPECT_EQ(A->refCount(), 2u);
+  ASSERT_TRUE(M.redo());
+  EXPECT_EQ(H->One, B.get());
+  EXPECT_EQ(H->List, std::vector<Late *>{B.get()});
+  EXPECT_EQ(H->Ref.get(), B.get());
+  EXPECT_EQ(A->refCount(), 1u);
 }
 
 TEST(IOMethods, ReadingAReferenceTakesTheNewOneBeforeReleasingTheOld) {

@@ -243,8 +243,51 @@ TEST_F(ManagerTest, TransientStepIsDroppedWithoutUndoing) {
   EXPECT_EQ(B->size(), 7);
   M->undo();
   EXPECT_EQ(A->count(), 0);
-  EXPECT_EQ(B->size(), 7) << "the transient change is part of no step";
   EXPECT_EQ(A->size(), 0) << "a is restored whole by the step that recorded it";
+  EXPECT_EQ(B->size(), 0) << "the transient change joined the step before";
+  M->redo();
+  EXPECT_EQ(A->size(), 7);
+  EXPECT_EQ(B->size(), 7);
+}
+
+// What a dropped step created and linked into objects the step before did
+// not record leaves with that step's undo and comes back with its redo, so
+// no object is left pointing at one that undo took out of existence.
+TEST_F(ManagerTest, DroppedStepsJoinTheStepBeforeWithTheirObjects) {
+  auto Root = Shape::create(*M, "root");
+  auto Other = Shape::create(*M, "other");
+  {
+    Txn T(*M);
+    Root->setChild(Shape::create(*M, "b"));
+  }
+  Shape *B = Root->child().get();
+  for (const int Type : {nyTXN::TxnTransient, nyTXN::TxnUndecided}) {
+    {
+      Txn T(*M, Type);
+      Other->setChild(
+          Shape::create(*M, Type == nyTXN::TxnTransient ? "c" : "d"));
+      Other->addMember(B);
+      B->setCount(B->count() + 1);
+    }
+    if (Type == nyTXN::TxnUndecided) {
+      ASSERT_TRUE(M->dropStep());
+    }
+    expectHistory(1, 0);
+  }
+  EXPECT_EQ(LiveShapes, 4) << "c, made and let go since the step, is gone";
+  ASSERT_TRUE(M->undo());
+  EXPECT_FALSE(Root->child());
+  EXPECT_FALSE(B->isTxnExtant());
+  EXPECT_FALSE(Other->child());
+  EXPECT_TRUE(Other->members().empty());
+  ASSERT_TRUE(M->redo());
+  ASSERT_EQ(Root->child().get(), B);
+  EXPECT_TRUE(B->isTxnExtant());
+  EXPECT_EQ(B->count(), 2);
+  ASSERT_TRUE(Other->child());
+  EXPECT_EQ(Other->child()->name(), "d");
+  EXPECT_TRUE(Other->child()->isTxnExtant());
+  EXPECT_EQ(Other->members(), (std::vector<Shape *>{B, B}));
 }
 
 // The step before a transient one may still need what the transient step

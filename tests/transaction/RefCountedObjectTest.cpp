@@ -184,6 +184,31 @@ TEST_F(RefCountedObjectTest, ZeroOutsideTransactionsParksWhatTheHistoryHolds) {
   EXPECT_EQ(Root->child().get(), Raw);
 }
 
+// Undo revives an object the step released even after it was parked; the
+// step keeps it again, so a second unrecorded release parks it once and the
+// manager deletes it once.
+TEST_F(RefCountedObjectTest, ParkedObjectRevivedByUndoIsParkedOnce) {
+  Root = Shape::create(*M, "root");
+  Root->setChild(Shape::create(*M, "b"));
+  Shape *B = Root->child().get();
+  {
+    Txn T(*M);
+    Root->setChild(nullptr);
+  }
+  for (int Round = 0; Round < 2; ++Round) {
+    SCOPED_TRACE(Round);
+    ASSERT_TRUE(M->undo());
+    EXPECT_TRUE(B->isTxnExtant());
+    // Unrecorded: b is parked again.
+    Root->setChild(qo::Reference<Shape>(B));
+    Root->setChild(nullptr);
+    EXPECT_FALSE(B->isTxnExtant());
+    EXPECT_EQ(LiveShapes, 2);
+    EXPECT_EQ(M->keptObjectCount(), 1u);
+    ASSERT_TRUE(M->redo());
+  }
+}
+
 TEST_F(RefCountedObjectTest, HeldObjectOutlivesTheStepThatKeptIt) {
   Root = Shape::create(*M, "root");
   qo::Reference<Shape> B;
