@@ -1,11 +1,12 @@
 //===- tests/transaction/TestObjects.h - Recorded objects for the tests ---===//
 //
 // Shape is a small recorded object with one field of each kind the
-// framework must carry: an int, a double, an immutable value held through
+// framework must carry: an int, an immutable value held through
 // ImmutableReference, a counted reference to another shape and a list of
 // plain pointers. It logs every framework announcement to a shared journal
 // (the recording observer) and counts live instances, so that the tests can
-// check order and lifetime. Text is the immutable value type.
+// check order and lifetime. Text is the immutable value type. TxnTest is
+// the fixture: it owns the manager and checks that nothing outlives it.
 //
 //===----------------------------------------------------------------------===//
 #ifndef ORBO_TESTS_TRANSACTION_TESTOBJECTS_H
@@ -18,6 +19,9 @@
 #include "transaction/Object.h"
 #include "transaction/Serializer.h"
 
+#include <gtest/gtest.h>
+
+#include <memory>
 #include <string>
 #include <utility>
 #include <vector>
@@ -54,7 +58,6 @@ public:
 
   const std::string &name() const { return Name; }
   int count() const { return Count; }
-  double size() const { return Size; }
   std::string label() const {
     return Label && Label->get() ? Label->get()->str() : std::string("-");
   }
@@ -64,10 +67,6 @@ public:
   void setCount(int V) {
     recordChange();
     Count = V;
-  }
-  void setSize(double V) {
-    recordChange();
-    Size = V;
   }
   void setLabel(const std::string &V) {
     recordChange();
@@ -81,26 +80,18 @@ public:
     recordChange();
     Members.push_back(S);
   }
-  void removeMember(Shape *S) {
-    recordChange();
-    std::erase(Members, S);
-  }
 
-  // Counters for the tests that look at the mechanics.
   int Transacts = 0;
   int Restores = 0;
   bool LogRestored = false;
-  // Taken by the restore function just before and after the restore.
-  int CountBeforeRestore = 0;
-  int CountAfterRestore = 0;
-  bool LastRestoreWasUndo = false;
+  // Written by the restore function: "undo 3->1" for the last restore.
+  std::string LastRestore;
 
   void onTransact(nyTXN::Serializer &S) override {
     ++Transacts;
     S.beginObject(this, &Shape::txnRestore);
     RefCountedObject::onTransact(S);
     S.field(Count);
-    S.field(Size);
     S.field(Label);
     S.field(Child);
     S.field(Members);
@@ -125,33 +116,44 @@ public:
 
 private:
   static void txnRestore(Shape *S, nyTXN::Restorer &R) {
-    ++S->Restores;
-    S->LastRestoreWasUndo = R.isUndo();
-    S->CountBeforeRestore = S->Count;
+    const int Before = S->Count;
     R.restore();
-    S->CountAfterRestore = S->Count;
+    ++S->Restores;
+    S->LastRestore = std::string(R.isUndo() ? "undo " : "redo ") +
+                     std::to_string(Before) + "->" + std::to_string(S->Count);
   }
 
   std::string Name;
   int Count = 0;
-  double Size = 0;
   qo::Reference<TextHolder> Label;
   qo::Reference<Shape> Child;
   std::vector<Shape *> Members;
 };
 
-// Opens a transaction for its lifetime.
-class Txn {
-public:
-  explicit Txn(nyTXN::Manager &M, int Type = nyTXN::TxnUndoable) : M(M) {
-    M.beginTransaction(Type);
+class TxnTest : public ::testing::Test {
+protected:
+  void SetUp() override { Journal.clear(); }
+  void TearDown() override {
+    Root.reset();
+    M.reset();
+    EXPECT_EQ(LiveShapes, 0) << "shapes left after the manager went";
+    EXPECT_EQ(LiveTexts, 0) << "texts left after the manager went";
   }
-  ~Txn() { M.endTransaction(); }
-  Txn(const Txn &) = delete;
-  Txn &operator=(const Txn &) = delete;
+  template <class F> void inTxn(F Fn) { inTxn(nyTXN::TxnUndoable, Fn); }
+  template <class F> void inTxn(int Type, F Fn) {
+    M->beginTransaction(Type);
+    Fn();
+    M->endTransaction();
+  }
+  void expectHistory(int Undo, int Redo) {
+    EXPECT_EQ(M->undoCount(), Undo);
+    EXPECT_EQ(M->redoCount(), Redo);
+    EXPECT_EQ(M->canUndo(), Undo > 0);
+    EXPECT_EQ(M->canRedo(), Redo > 0);
+  }
 
-private:
-  nyTXN::Manager &M;
+  std::unique_ptr<nyTXN::Manager> M = std::make_unique<nyTXN::Manager>();
+  qo::Reference<Shape> Root;
 };
 
 } // namespace txntest
