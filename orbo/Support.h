@@ -9,6 +9,7 @@
 #ifndef ORBO_SUPPORT_H
 #define ORBO_SUPPORT_H
 
+#include "krcache/DebugChannel.h"
 #include "plst/Config.h"
 #include "plst/Convert.h"
 #include "plst/Item.h"
@@ -37,7 +38,6 @@
 #include "support/TxnIO.h"
 #include "support/UnTxdProperty.h"
 #include "support/Units.h"
-#include "krcache/DebugChannel.h"
 #include "transform/Transformer.h"
 
 #endif // ORBO_SUPPORT_H
