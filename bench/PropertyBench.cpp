@@ -61,41 +61,52 @@ void BM_UnTxdSet(benchmark::State &State) {
 }
 BENCHMARK(BM_UnTxdSet);
 
-void BM_TxdSetOnePerTransaction(benchmark::State &State) {
+// One type-0 transaction per iteration around the writes that MakeWrites
+// prepares; the writes (and the properties they hold) are gone before the
+// history is cleared, as an application would release them.
+template <class MakeWritesFn>
+void timeTransactions(benchmark::State &State, int WritesPerTransaction,
+                      MakeWritesFn MakeWrites) {
   const Items V;
   nyTXN::Manager M;
   M.setUndoLimit(UndoLimit);
-  qo::Reference<Property> P = Property::createTxd(M, "shape.size", V.A);
-  std::size_t I = 0;
-  for (auto _ : State) {
-    M.beginTransaction(nyTXN::TxnUndoable);
-    P->set(V.pick(++I));
-    M.endTransaction();
+  {
+    auto Writes = MakeWrites(M, V);
+    std::size_t I = 0;
+    for (auto _ : State) {
+      M.beginTransaction(nyTXN::TxnUndoable);
+      Writes(++I);
+      M.endTransaction();
+    }
   }
-  perItem(State, 1);
-  P.reset();
+  perItem(State, WritesPerTransaction);
   M.clearHistory();
+}
+
+std::vector<qo::Reference<Property>> txdProperties(nyTXN::Manager &M,
+                                                   const Items &V, int Count) {
+  std::vector<qo::Reference<Property>> Ps;
+  for (int K = 0; K < Count; ++K)
+    Ps.push_back(Property::createTxd(M, "shape.size", V.A));
+  return Ps;
+}
+
+void BM_TxdSetOnePerTransaction(benchmark::State &State) {
+  timeTransactions(State, 1, [](nyTXN::Manager &M, const Items &V) {
+    return [&V, P = Property::createTxd(M, "shape.size", V.A)](std::size_t I) {
+      P->set(V.pick(I));
+    };
+  });
 }
 BENCHMARK(BM_TxdSetOnePerTransaction);
 
 void BM_TxdSet100PerTransaction(benchmark::State &State) {
-  const Items V;
-  nyTXN::Manager M;
-  M.setUndoLimit(UndoLimit);
-  std::vector<qo::Reference<Property>> Ps;
-  for (int K = 0; K < 100; ++K)
-    Ps.push_back(Property::createTxd(M, "shape.size", V.A));
-  std::size_t I = 0;
-  for (auto _ : State) {
-    M.beginTransaction(nyTXN::TxnUndoable);
-    ++I;
-    for (const qo::Reference<Property> &P : Ps)
-      P->set(V.pick(I));
-    M.endTransaction();
-  }
-  perItem(State, 100);
-  Ps.clear();
-  M.clearHistory();
+  timeTransactions(State, 100, [](nyTXN::Manager &M, const Items &V) {
+    return [&V, Ps = txdProperties(M, V, 100)](std::size_t I) {
+      for (const qo::Reference<Property> &P : Ps)
+        P->set(V.pick(I));
+    };
+  });
 }
 BENCHMARK(BM_TxdSet100PerTransaction);
 
@@ -104,41 +115,25 @@ BENCHMARK(BM_TxdSet100PerTransaction);
 // 100 writes to one property (recorded once; 99 holders made and freed at
 // once).
 void BM_TxdStoreSetItem100PerTransaction(benchmark::State &State) {
-  const Items V;
-  nyTXN::Manager M;
-  M.setUndoLimit(UndoLimit);
-  std::vector<qo::Reference<nySupport::TxdPropertyData>> Stores;
-  for (int K = 0; K < 100; ++K)
-    Stores.push_back(nySupport::TxdPropertyData::create(M));
-  std::size_t I = 0;
-  for (auto _ : State) {
-    M.beginTransaction(nyTXN::TxnUndoable);
-    ++I;
-    for (const auto &S : Stores)
-      S->setItem(V.pick(I), false);
-    M.endTransaction();
-  }
-  perItem(State, 100);
-  Stores.clear();
-  M.clearHistory();
+  timeTransactions(State, 100, [](nyTXN::Manager &M, const Items &V) {
+    std::vector<qo::Reference<nySupport::TxdPropertyData>> Stores;
+    for (int K = 0; K < 100; ++K)
+      Stores.push_back(nySupport::TxdPropertyData::create(M));
+    return [&V, Stores = std::move(Stores)](std::size_t I) {
+      for (const auto &S : Stores)
+        S->setItem(V.pick(I), false);
+    };
+  });
 }
 BENCHMARK(BM_TxdStoreSetItem100PerTransaction);
 
 void BM_TxdSet100SamePropertyPerTransaction(benchmark::State &State) {
-  const Items V;
-  nyTXN::Manager M;
-  M.setUndoLimit(UndoLimit);
-  qo::Reference<Property> P = Property::createTxd(M, "shape.size", V.A);
-  std::size_t I = 0;
-  for (auto _ : State) {
-    M.beginTransaction(nyTXN::TxnUndoable);
-    for (int K = 0; K < 100; ++K)
-      P->set(V.pick(++I));
-    M.endTransaction();
-  }
-  perItem(State, 100);
-  P.reset();
-  M.clearHistory();
+  timeTransactions(State, 100, [](nyTXN::Manager &M, const Items &V) {
+    return [&V, P = Property::createTxd(M, "shape.size", V.A)](std::size_t I) {
+      for (std::size_t K = 0; K < 100; ++K)
+        P->set(V.pick(I * 100 + K));
+    };
+  });
 }
 BENCHMARK(BM_TxdSet100SamePropertyPerTransaction);
 
@@ -147,9 +142,7 @@ BENCHMARK(BM_TxdSet100SamePropertyPerTransaction);
 void undoRedo(benchmark::State &State, bool TimeUndo) {
   const Items V;
   nyTXN::Manager M;
-  std::vector<qo::Reference<Property>> Ps;
-  for (int K = 0; K < 10000; ++K)
-    Ps.push_back(Property::createTxd(M, "shape.size", V.A));
+  std::vector<qo::Reference<Property>> Ps = txdProperties(M, V, 10000);
   M.beginTransaction(nyTXN::TxnUndoable);
   for (const qo::Reference<Property> &P : Ps)
     P->set(V.B);
