@@ -1,7 +1,7 @@
 #include "base/rtb/Signal.h"
 
 // Invariant: Head..Tail links, in order of addition, every connection whose
-// Owner is this signal; each of them is connected or locked (or both), and
+// Owner is this chain; each of them is connected or locked (or both), and
 // the chain holds one reference to each. Count counts the connected ones. A
 // connection that is neither connected nor locked has left the chain, holds
 // no callback and no chain reference. A connection that was locked when the
@@ -10,17 +10,32 @@
 
 namespace qoRTB {
 
+using internal::SignalChain;
+
 void Connection::disconnect() {
   if (!Connected)
     return;
   Connected = false;
   --Owner->Count;
   if (Locks == 0)
-    SignalCore::release(this);
+    SignalChain::release(this);
 }
 
-SignalCore::~SignalCore() {
-  for (Emission *E = Emissions; E; E = E->Outer)
+qo::Reference<Connection> SignalCore::append(Connection *C) {
+  SignalChain &Owner = chain();
+  C->Owner = &Owner;
+  C->Serial = Owner.NextSerial++;
+  C->Connected = true;
+  C->Prev = Owner.Tail;
+  (Owner.Tail ? Owner.Tail->Next : Owner.Head) = C;
+  Owner.Tail = C;
+  ++Owner.Count;
+  C->ref();
+  return qo::Reference<Connection>(C);
+}
+
+SignalChain::~SignalChain() {
+  for (SignalEmission *E = Emissions; E; E = E->Outer)
     E->Dead = true;
   // A dropped callback's captured state could connect again while we empty
   // the chain; keep going until nothing is left.
@@ -28,19 +43,7 @@ SignalCore::~SignalCore() {
     disconnectAll();
 }
 
-qo::Reference<Connection> SignalCore::append(Connection *C) {
-  C->Owner = this;
-  C->Serial = NextSerial++;
-  C->Connected = true;
-  C->Prev = Tail;
-  (Tail ? Tail->Next : Head) = C;
-  Tail = C;
-  ++Count;
-  C->ref();
-  return qo::Reference<Connection>(C);
-}
-
-void SignalCore::disconnectAll() {
+void SignalChain::disconnectAll() {
   Connection *First = std::exchange(Head, nullptr);
   Tail = nullptr;
   Count = 0;
@@ -60,14 +63,14 @@ void SignalCore::disconnectAll() {
   }
 }
 
-void SignalCore::release(Connection *C) {
+void SignalChain::release(Connection *C) {
   if (C->Owner)
     C->Owner->unlink(C);
   C->dropCallback();
   C->unref();
 }
 
-void SignalCore::unlink(Connection *C) {
+void SignalChain::unlink(Connection *C) {
   (C->Prev ? C->Prev->Next : Head) = C->Next;
   (C->Next ? C->Next->Prev : Tail) = C->Prev;
   C->Prev = C->Next = nullptr;

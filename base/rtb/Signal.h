@@ -53,6 +53,10 @@
 namespace qoRTB {
 
 class SignalCore;
+namespace internal {
+struct SignalChain;
+class SignalEmission;
+} // namespace internal
 
 // One callback's place in a signal's chain.
 class Connection : public qo::ReferenceCount {
@@ -72,13 +76,15 @@ protected:
 
 private:
   friend class SignalCore;
+  friend struct internal::SignalChain;
+  friend class internal::SignalEmission;
 
   // Releases what the callback captured; called once the connection has left
   // the chain and is no longer locked.
   virtual void dropCallback() = 0;
 
   // Null once the connection has left the chain (or the signal is gone).
-  SignalCore *Owner = nullptr;
+  internal::SignalChain *Owner = nullptr;
   Connection *Prev = nullptr;
   Connection *Next = nullptr;
   // Order of addition; an emission calls only serials below its limit.
@@ -88,77 +94,22 @@ private:
   bool Blocked = false;
 };
 
-// The chain and its protocol, shared by every signal type. Not used directly.
-class SignalCore {
-public:
-  SignalCore(const SignalCore &) = delete;
-  SignalCore &operator=(const SignalCore &) = delete;
+namespace internal {
 
-  void block() { Blocked = true; }
-  void unblock() { Blocked = false; }
-  bool isBlocked() const { return Blocked; }
-  std::size_t connectionCount() const { return Count; }
+// What a signal knows once it has been connected or blocked. Most signals
+// never are (a property has three, usually all idle), so a signal is one
+// pointer until then and its chain is made on first use.
+struct SignalChain {
+  Connection *Head = nullptr;
+  Connection *Tail = nullptr;
+  SignalEmission *Emissions = nullptr;
+  std::uint64_t NextSerial = 0;
+  std::size_t Count = 0;
+  bool Blocked = false;
+
+  ~SignalChain();
   void disconnectAll();
-
-protected:
-  SignalCore() = default;
-  ~SignalCore();
-
-  qo::Reference<Connection> append(Connection *C);
-  // True when an emission would call nothing: the cheap early exit.
-  bool idle() const { return !Head || Blocked; }
-
-  // One emission in progress: it lives on the emitter's stack and is linked
-  // into the signal so that the destructor can tell it the signal is gone.
-  class Emission {
-  public:
-    explicit Emission(SignalCore &S)
-        : Core(S), Outer(S.Emissions), Limit(S.NextSerial), Current(S.Head) {
-      S.Emissions = this;
-      lock(Current);
-    }
-    ~Emission() {
-      if (Current)
-        unlock(Current);
-      if (!Dead)
-        Core.Emissions = Outer;
-    }
-    Emission(const Emission &) = delete;
-    Emission &operator=(const Emission &) = delete;
-
-    // The connection to call now, or null when the emission is over.
-    Connection *current() const { return Current; }
-    bool callable() const { return Current->Connected && !Current->Blocked; }
-    void advance() {
-      if (Dead) {
-        finish();
-        return;
-      }
-      Connection *Next = Current->Next;
-      if (Next && Next->Serial >= Limit)
-        Next = nullptr;
-      if (Next)
-        lock(Next);
-      Connection *Done = std::exchange(Current, Next);
-      // May free Done, whose captured state may in turn destroy the signal.
-      unlock(Done);
-      if (Current && (Dead || Core.Blocked))
-        finish();
-    }
-
-  private:
-    friend class SignalCore;
-
-    void finish() { unlock(std::exchange(Current, nullptr)); }
-
-    SignalCore &Core;
-    Emission *Outer;
-    const std::uint64_t Limit;
-    Connection *Current;
-    bool Dead = false;
-  };
-
-private:
+  void unlink(Connection *C);
   static void lock(Connection *C) { ++C->Locks; }
   static void unlock(Connection *C) {
     assert(C->Locks > 0 && "unlock of a connection that is not locked");
@@ -166,15 +117,101 @@ private:
       release(C);
   }
   static void release(Connection *C);
-  void unlink(Connection *C);
-  friend class Connection;
+};
 
-  Connection *Head = nullptr;
-  Connection *Tail = nullptr;
-  Emission *Emissions = nullptr;
-  std::uint64_t NextSerial = 0;
-  std::size_t Count = 0;
-  bool Blocked = false;
+// One emission in progress: it lives on the emitter's stack and is linked
+// into the chain so that the chain's destructor can tell it the signal is
+// gone.
+class SignalEmission {
+public:
+  explicit SignalEmission(SignalChain &S)
+      : Core(S), Outer(S.Emissions), Limit(S.NextSerial), Current(S.Head) {
+    S.Emissions = this;
+    SignalChain::lock(Current);
+  }
+  ~SignalEmission() {
+    if (Current)
+      SignalChain::unlock(Current);
+    if (!Dead)
+      Core.Emissions = Outer;
+  }
+  SignalEmission(const SignalEmission &) = delete;
+  SignalEmission &operator=(const SignalEmission &) = delete;
+
+  // The connection to call now, or null when the emission is over.
+  Connection *current() const { return Current; }
+  bool callable() const { return Current->Connected && !Current->Blocked; }
+  void advance() {
+    if (Dead) {
+      finish();
+      return;
+    }
+    Connection *Next = Current->Next;
+    if (Next && Next->Serial >= Limit)
+      Next = nullptr;
+    if (Next)
+      SignalChain::lock(Next);
+    Connection *Done = std::exchange(Current, Next);
+    // May free Done, whose captured state may in turn destroy the signal.
+    SignalChain::unlock(Done);
+    if (Current && (Dead || Core.Blocked))
+      finish();
+  }
+
+private:
+  friend struct SignalChain;
+
+  void finish() { SignalChain::unlock(std::exchange(Current, nullptr)); }
+
+  SignalChain &Core;
+  SignalEmission *Outer;
+  const std::uint64_t Limit;
+  Connection *Current;
+  bool Dead = false;
+};
+
+} // namespace internal
+
+// The untyped part of every signal: the chain and its protocol.
+class SignalCore {
+public:
+  SignalCore(const SignalCore &) = delete;
+  SignalCore &operator=(const SignalCore &) = delete;
+
+  void block() { chain().Blocked = true; }
+  void unblock() {
+    if (Chain)
+      Chain->Blocked = false;
+  }
+  bool isBlocked() const { return Chain && Chain->Blocked; }
+  std::size_t connectionCount() const { return Chain ? Chain->Count : 0; }
+  void disconnectAll() {
+    if (Chain)
+      Chain->disconnectAll();
+  }
+
+protected:
+  SignalCore() = default;
+  ~SignalCore() { delete Chain; }
+
+  qo::Reference<Connection> append(Connection *C);
+  // True when an emission would call nothing: the cheap early exit.
+  bool idle() const { return !Chain || !Chain->Head || Chain->Blocked; }
+
+  // An emission of a signal that is not idle().
+  class Emission : public internal::SignalEmission {
+  public:
+    explicit Emission(SignalCore &S) : SignalEmission(*S.Chain) {}
+  };
+
+private:
+  internal::SignalChain &chain() {
+    if (!Chain)
+      Chain = new internal::SignalChain;
+    return *Chain;
+  }
+
+  internal::SignalChain *Chain = nullptr;
 };
 
 // The typed front of a signal: callbacks taking Args, emit(Args).
