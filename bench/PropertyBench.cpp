@@ -61,6 +61,23 @@ void BM_UnTxdSet(benchmark::State &State) {
 }
 BENCHMARK(BM_UnTxdSet);
 
+// The same writes as the 100-per-transaction case below, over 100
+// untransacted properties, so that both touch as much memory per write.
+void BM_UnTxdSet100(benchmark::State &State) {
+  const Items V;
+  std::vector<qo::Reference<Property>> Ps;
+  for (int K = 0; K < 100; ++K)
+    Ps.push_back(Property::createUnTxd("shape.size", V.A));
+  std::size_t I = 0;
+  for (auto _ : State) {
+    ++I;
+    for (const qo::Reference<Property> &P : Ps)
+      P->set(V.pick(I));
+  }
+  perItem(State, 100);
+}
+BENCHMARK(BM_UnTxdSet100);
+
 // One type-0 transaction per iteration around the writes that MakeWrites
 // prepares; the writes (and the properties they hold) are gone before the
 // history is cleared, as an application would release them.

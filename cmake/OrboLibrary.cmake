@@ -14,5 +14,11 @@ function(orbo_add_library target)
     $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>)
   target_compile_features(${target} PUBLIC cxx_std_20)
   target_link_libraries(${target} PUBLIC ${ARG_PUBLIC_DEPS} PRIVATE ${ARG_PRIVATE_DEPS})
+  # A shared library's own calls to its exported functions may be inlined and
+  # bound directly: nothing is meant to interpose them, and without this GCC
+  # routes every such call through the PLT and inlines none of them.
+  if(BUILD_SHARED_LIBS AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+    target_compile_options(${target} PRIVATE -fno-semantic-interposition)
+  endif()
   set_property(GLOBAL APPEND PROPERTY ORBO_INSTALL_TARGETS ${target})
 endfunction()

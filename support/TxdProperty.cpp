@@ -154,10 +154,9 @@ void TxdPropertyData::forget(TxdProperty *P) {
 
 void TxdPropertyData::setItem(Property::ItemRef V, bool Propagate) {
   recordChange();
-  Item = Holder::create(txnManager(), V);
-  if (!Propagate)
-    return;
-  if (UnTxdPropertyData *U = twin())
+  UnTxdPropertyData *U = Propagate ? twin() : nullptr;
+  Item = Holder::create(txnManager(), U ? V : std::move(V));
+  if (U)
     U->setItem(std::move(V), false);
 }
 

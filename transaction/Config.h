@@ -18,6 +18,13 @@ inline constexpr std::size_t DefaultObjectBytes = 64;
 // rounded up to the allocator's size class; the value it holds is shared
 // with the living data and is not charged.
 inline constexpr std::size_t ValueHolderBytes = 72;
+// Block size of the manager's cache for small immutable objects (value
+// holders, 64 bytes on 64-bit targets): one cache line; such an object must
+// fit.
+inline constexpr std::size_t ValueObjectBytes = 64;
+// Empty 4 KiB slabs of value objects a manager keeps for reuse rather than
+// freeing: the holders of a few large steps trimmed in a row, 64 KiB.
+inline constexpr std::size_t EmptyValueSlabs = 16;
 // Retired undo steps kept for reuse, so that a steady stream of transactions
 // under a step limit allocates nothing for its bookkeeping.
 inline constexpr std::size_t SpareSteps = 8;

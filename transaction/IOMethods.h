@@ -21,7 +21,8 @@
 //
 // Ownership: the history keeps pointers, not references. A pointer written
 // there must be to a RefCountedObject (the manager keeps it alive while a step
-// needs it) or to something that outlives the history; qo::Reference to a
+// needs it; a value object such as an ImmutableReference is referenced by the
+// step itself) or to something that outlives the history; qo::Reference to a
 // plain qo::ReferenceCount object is therefore refused at compile time: put
 // such values in an ImmutableReference.
 //
@@ -52,9 +53,11 @@ namespace nyTXN {
 class Writer {
 public:
   // For the framework: Bytes go into Buffer; pointers to RefCountedObjects
-  // are remembered as held by the step with StepStamp.
-  Writer(internal::ByteBuffer &Buffer, Stamp StepStamp)
-      : Buffer(&Buffer), StepStamp(StepStamp) {}
+  // are remembered as held by the step with StepStamp, and value objects
+  // written are referenced once each and listed in Holds (when given).
+  Writer(internal::ByteBuffer &Buffer, Stamp StepStamp,
+         std::vector<const RefCountedObject *> *Holds = nullptr)
+      : Buffer(&Buffer), Holds(Holds), StepStamp(StepStamp) {}
 
   void writeData(const void *Data, int Size) {
     assert(Size >= 0 && "negative size written to the history");
@@ -73,12 +76,24 @@ public:
 
   // Tells the manager that the history refers to Ptr without writing it.
   void note(const RefCountedObject *Ptr) {
-    if (Ptr && Ptr->SnapStamp < StepStamp)
+    if (!Ptr)
+      return;
+    if (Ptr->Flags & RefCountedObject::ValueObject)
+      hold(Ptr);
+    else if (Ptr->SnapStamp < StepStamp)
       Ptr->SnapStamp = StepStamp;
   }
 
 private:
+  void hold(const RefCountedObject *Value) {
+    if (!Holds)
+      return;
+    Value->ref();
+    Holds->push_back(Value);
+  }
+
   internal::ByteBuffer *Buffer;
+  std::vector<const RefCountedObject *> *Holds;
   Stamp StepStamp;
 };
 

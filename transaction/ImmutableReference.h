@@ -8,7 +8,8 @@
 // it, and the value itself is never copied. The holder records nothing (it
 // cannot change) and is charged config::ValueHolderBytes plus the default
 // object charge; the value counts as a reference of no size, since it is
-// shared with the living data.
+// shared with the living data. Holders are value objects (see
+// RefCountedObject::newValueObject): create() is the only way to make one.
 //
 // Example:
 //   using Holder = nyTXN::ImmutableReference<const nyPLST::Item>;
@@ -33,13 +34,10 @@ namespace nyTXN {
 
 template <class T> class ImmutableReference final : public RefCountedObject {
 public:
-  ImmutableReference(Manager &M, qo::Reference<T> Value)
-      : RefCountedObject(M), Value(std::move(Value)) {}
-
   static qo::Reference<ImmutableReference> create(Manager &M,
                                                   qo::Reference<T> Value) {
     return qo::Reference<ImmutableReference>(
-        new ImmutableReference(M, std::move(Value)));
+        newValueObject<ImmutableReference>(M, std::move(Value)));
   }
 
   const qo::Reference<T> &get() const { return Value; }
@@ -52,6 +50,11 @@ public:
   }
 
 private:
+  friend class RefCountedObject;
+  ImmutableReference(ValueObjectTag Tag, Manager &M,
+                     qo::Reference<T> Value) noexcept
+      : RefCountedObject(Tag, M), Value(std::move(Value)) {}
+
   const qo::Reference<T> Value;
 };
 

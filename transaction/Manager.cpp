@@ -73,6 +73,7 @@ Manager::~Manager() {
   if (Step *S = std::exchange(Open, nullptr)) {
     for (RefCountedObject *X : S->Destroyed)
       deleteOrDetach(X);
+    releaseHolds(S->Holds);
     delete S;
   }
   while (Position < Steps.size())
@@ -170,7 +171,7 @@ Step &Manager::openNewStep() {
 
 bool Manager::recordInto(Step &S, Object *O) {
   const std::size_t Offset = S.Data.size();
-  Writer W(S.Data, S.TxnStamp);
+  Writer W(S.Data, S.TxnStamp, &S.Holds);
   Serializer Description(W);
   O->onTransact(Description);
   if (!Description.hasBegun())
@@ -257,6 +258,10 @@ void Manager::mergeInto(Step &Prev, Step &S) {
     Prev.Data.append(S.Data.data() + E.Offset, E.Size);
     Prev.Entries.push_back({E.Obj, Offset, E.Size});
   }
+  // Prev takes over every hold, also those of bytes it did not need: they
+  // go with Prev.
+  Prev.Holds.insert(Prev.Holds.end(), S.Holds.begin(), S.Holds.end());
+  S.Holds.clear();
   for (RefCountedObject *X : S.Created) {
     X->BirthStamp = Prev.TxnStamp;
     X->Slot = static_cast<std::uint32_t>(Prev.Created.size());
@@ -339,6 +344,10 @@ void Manager::abandoned(RefCountedObject *X) {
 }
 
 void Manager::release(RefCountedObject *X) {
+  if (X->Flags & RefCountedObject::ValueObject) {
+    destroyValueObject(X);
+    return;
+  }
   if (Busy) {
     settleLater(X);
     return;
@@ -426,9 +435,20 @@ void Manager::announceDestroyed(RefCountedObject *X) {
 
 void Manager::destroyNow(RefCountedObject *X) {
   assert(X->Count == 0 && "deleting a transaction object still referenced");
-  abandoned(X);
+  if (X->Flags & RefCountedObject::ValueObject) {
+    destroyValueObject(X);
+    return;
+  }
   X->Flags |= RefCountedObject::Deleting;
+  abandoned(X);
   delete X;
+}
+
+void Manager::destroyValueObject(const RefCountedObject *X) {
+  assert(X->Count == 0 && "deleting a value object still referenced");
+  void *Memory = dynamic_cast<void *>(const_cast<RefCountedObject *>(X));
+  X->~RefCountedObject();
+  ValueObjects.deallocate(Memory);
 }
 
 void Manager::deleteOrDetach(RefCountedObject *X) {
@@ -510,7 +530,7 @@ void Manager::settleCandidates() {
 
 void Manager::restoreEntry(Step &S, Entry &E, bool Undo) {
   const std::size_t Offset = Scratch.size();
-  Writer W(Scratch, S.TxnStamp);
+  Writer W(Scratch, S.TxnStamp, &ScratchHolds);
   Serializer Now(W);
   E.Obj->onTransact(Now);
   Reader Source(S.Data.data() + E.Offset, E.Size);
@@ -527,6 +547,15 @@ void Manager::restoreEntry(Step &S, Entry &E, bool Undo) {
   E.Obj->onTxnRestored();
 }
 
+// The step keeps the bytes just written (and their holds); the bytes it
+// had are spent.
+void Manager::swapInScratch(Step &S) {
+  S.Data.swap(Scratch);
+  S.Holds.swap(ScratchHolds);
+  Scratch.clear();
+  releaseHolds(ScratchHolds);
+}
+
 void Manager::undoStep(Step &S) {
   Scratch.clear();
   for (std::size_t I = S.Entries.size(); I-- > 0;)
@@ -537,7 +566,7 @@ void Manager::undoStep(Step &S) {
     if (!X || (X->Flags & RefCountedObject::Parked))
       continue;
     const std::size_t Offset = Scratch.size();
-    Writer W(Scratch, S.TxnStamp);
+    Writer W(Scratch, S.TxnStamp, &ScratchHolds);
     Serializer Saved(W);
     X->onTransact(Saved);
     S.CreatedState[I] = {static_cast<std::uint32_t>(Offset),
@@ -550,7 +579,7 @@ void Manager::undoStep(Step &S) {
     unpark(X);
     X->Extant = true;
   }
-  S.Data.swap(Scratch);
+  swapInScratch(S);
   S.Undone = true;
 }
 
@@ -571,7 +600,7 @@ void Manager::redoStep(Step &S) {
     restoreEntry(S, E, false);
   for (RefCountedObject *X : S.Destroyed)
     X->Extant = false;
-  S.Data.swap(Scratch);
+  swapInScratch(S);
   S.Undone = false;
 }
 
@@ -648,7 +677,16 @@ Step *Manager::newStep() {
   return S;
 }
 
+// Value objects need no trip through txnDelete: nothing can revive them.
+void Manager::releaseHolds(std::vector<const RefCountedObject *> &Holds) {
+  for (const RefCountedObject *X : Holds)
+    if (--X->Count == 0)
+      destroyValueObject(X);
+  Holds.clear();
+}
+
 void Manager::retire(Step *S) {
+  releaseHolds(S->Holds);
   S->reset();
   if (Spare.size() < config::SpareSteps &&
       S->footprint() <= config::SpareStepBytes && !TearingDown)
@@ -704,19 +742,46 @@ void Manager::enforceLimits() {
   }
 }
 
+// Without a memory limit nothing needs the size at once: historySize()
+// measures the steps left unmeasured when it is asked, which spares every
+// step closed a pass over the objects it keeps.
 void Manager::updateSize(Step &S) {
+  HistoryBytes -= S.Bytes;
+  S.Bytes = 0;
+  S.Measured = false;
+  if (MemoryLimit > 0)
+    measure(S);
+}
+
+std::size_t Manager::historySize() const {
+  for (Step *S : Steps)
+    if (!S->Measured)
+      measure(*S);
+  return HistoryBytes;
+}
+
+// A step is charged for its bookkeeping, the objects it keeps, and every
+// value object its bytes name (some may still be in use by the living data:
+// the charge errs on the high side, so the memory limit holds).
+void Manager::measure(Step &S) const {
   std::size_t Bytes = sizeof(Step) + S.Data.size() +
                       S.Entries.size() * sizeof(Entry) +
-                      (S.Created.size() + S.Destroyed.size()) * sizeof(void *) +
+                      (S.Created.size() + S.Destroyed.size() + S.Holds.size()) *
+                          sizeof(void *) +
                       S.CreatedState.size() * sizeof(Span);
+  auto Charge = [&Bytes](const RefCountedObject *X) {
+    ObjectSize Size;
+    X->onTxnGetSize(Size);
+    Bytes += Size.total();
+  };
   for (RefCountedObject *X : S.Undone ? S.Created : S.Destroyed)
-    if (X && !(X->Flags & RefCountedObject::Parked)) {
-      ObjectSize Size;
-      X->onTxnGetSize(Size);
-      Bytes += Size.total();
-    }
-  HistoryBytes = HistoryBytes - S.Bytes + Bytes;
+    if (X && !(X->Flags & RefCountedObject::Parked))
+      Charge(X);
+  for (const RefCountedObject *X : S.Holds)
+    Charge(X);
+  HistoryBytes += Bytes;
   S.Bytes = Bytes;
+  S.Measured = true;
 }
 
 std::uint64_t Manager::positionId() const {
@@ -760,6 +825,8 @@ void Manager::setUndoLimit(int Limit) {
 
 void Manager::setMemoryLimit(std::size_t Bytes) {
   MemoryLimit = Bytes;
+  if (MemoryLimit > 0)
+    historySize();
   keepPending();
   enforceLimits();
   emitIfChanged();

@@ -51,6 +51,9 @@
 // - Undo can bring back an object that nothing counts (a member found only
 //   through plain pointers): it stays alive with a count of zero and is
 //   deleted by the manager's destructor unless it is referenced again.
+// - Value objects (immutable, see RefCountedObject::newValueObject) are the
+//   exception: a step holds a reference on each one its bytes name, so they
+//   stay in the living set and are deleted when the count reaches zero.
 //
 // Undo of a step: entries in reverse recording order save their current
 // bytes (for redo) and get their recorded bytes back, through the object's
@@ -93,6 +96,8 @@
 
 #include "base/os/DebugChannel.h"
 #include "base/rtb/Signal.h"
+#include "transaction/Config.h"
+#include "transaction/internal/BlockCache.h"
 #include "transaction/internal/ByteBuffer.h"
 
 #include <cstddef>
@@ -166,9 +171,10 @@ public:
   int undoLimit() const { return UndoLimit; }
   void setMemoryLimit(std::size_t Bytes);
   std::size_t memoryLimit() const { return MemoryLimit; }
-  // Bytes held by the history: snapshots, bookkeeping, and the objects kept
-  // only for undo or redo (as their onTxnGetSize reports them).
-  std::size_t historySize() const { return HistoryBytes; }
+  // Bytes held by the history: snapshots, bookkeeping, the objects kept only
+  // for undo or redo and the value objects the steps name (as their
+  // onTxnGetSize reports them).
+  std::size_t historySize() const;
 
   // Marks the present position clean; isClean() is true while the history
   // is back at it. The mark becomes unreachable when its step is discarded.
@@ -186,6 +192,9 @@ private:
   friend class Object;
   friend class RefCountedObject;
 
+  void *allocateValueObject() { return ValueObjects.allocate(); }
+  void releaseHolds(std::vector<const RefCountedObject *> &Holds);
+  void destroyValueObject(const RefCountedObject *X);
   void created(RefCountedObject *X);
   void abandoned(RefCountedObject *X);
   void release(RefCountedObject *X);
@@ -207,6 +216,7 @@ private:
   bool recordInto(internal::Step &S, Object *O);
   void clearFields(Object *O);
   void restoreEntry(internal::Step &S, internal::Entry &E, bool Undo);
+  void swapInScratch(internal::Step &S);
   void undoStep(internal::Step &S);
   void redoStep(internal::Step &S);
   void announce(internal::Step &S, bool Undo);
@@ -222,8 +232,13 @@ private:
   void discardRedo();
   void enforceLimits();
   void updateSize(internal::Step &S);
+  void measure(internal::Step &S) const;
   std::uint64_t positionId() const;
   void emitIfChanged();
+
+  // Memory of the value objects; declared first, so destroyed last.
+  internal::BlockCache ValueObjects{config::ValueObjectBytes,
+                                    config::EmptyValueSlabs};
 
   // Transaction state.
   Stamp Current = 1;
@@ -243,9 +258,11 @@ private:
   std::size_t Position = 0;
   std::vector<internal::Step *> Spare;
   internal::ByteBuffer Scratch;
+  std::vector<const RefCountedObject *> ScratchHolds;
   int UndoLimit = 0;
   std::size_t MemoryLimit = 0;
-  std::size_t HistoryBytes = 0;
+  // The size of the measured steps (all of them under a memory limit).
+  mutable std::size_t HistoryBytes = 0;
   // Positions are named by the id of the newest done step; Base names the
   // position before the oldest kept step.
   std::uint64_t NextStepId = 0;

@@ -7,15 +7,7 @@
 
 namespace nyTXN {
 
-Object::Object(Manager &M) : Mgr(&M), TxnStamp(M.currentStamp()) {}
-
 Object::~Object() = default;
-
-void Object::onTransact(Serializer &) {}
-void Object::onTxnRestored() {}
-void Object::onTxnModified() {}
-void Object::onTxnDestroyed() {}
-void Object::onTxnExtant() {}
 
 void Object::onTxnGetSize(ObjectSize &S) const {
   S.addOwn(config::DefaultObjectBytes);
@@ -29,7 +21,7 @@ RefCountedObject::RefCountedObject(Manager &M) : Object(M) {
 // The manager unlinks what it deletes itself; anything else (a constructor
 // that threw after this base was built) must leave the manager's lists.
 RefCountedObject::~RefCountedObject() {
-  if (!(Flags & Deleting))
+  if (!(Flags & (Deleting | ValueObject)))
     txnManager().abandoned(this);
 }
 

@@ -36,10 +36,15 @@
 #ifndef NYTXN_OBJECT_H
 #define NYTXN_OBJECT_H
 
+#include "transaction/Config.h"
 #include "transaction/Manager.h"
 
 #include <cassert>
+#include <cstddef>
 #include <cstdint>
+#include <new>
+#include <type_traits>
+#include <utility>
 
 namespace nyTXN {
 
@@ -49,7 +54,7 @@ class Writer;
 
 class Object {
 public:
-  explicit Object(Manager &M);
+  explicit Object(Manager &M) noexcept : Mgr(&M), TxnStamp(M.currentStamp()) {}
   Object(const Object &) = delete;
   Object &operator=(const Object &) = delete;
   virtual ~Object();
@@ -57,19 +62,19 @@ public:
   // Describes the fields to record. The default records nothing, so a class
   // without fields of its own need not override it; subclasses call their
   // base's version between beginObject and endObject.
-  virtual void onTransact(Serializer &S);
+  virtual void onTransact(Serializer &) {}
   // After undo or redo wrote this object's recorded bytes back (during the
   // restore pass, before any announcement).
-  virtual void onTxnRestored();
+  virtual void onTxnRestored() {}
   // After undo or redo changed this object's recorded state, once the whole
   // step is restored; only objects that exist afterwards are told.
-  virtual void onTxnModified();
+  virtual void onTxnModified() {}
   // The count of a RefCountedObject reached zero: the object is leaving the
   // living set. Changes it makes now to other objects (or to itself) belong
   // to the transaction that released it.
-  virtual void onTxnDestroyed();
+  virtual void onTxnDestroyed() {}
   // Undo or redo changed whether the object exists; isTxnExtant() tells which.
-  virtual void onTxnExtant();
+  virtual void onTxnExtant() {}
   // What the history is charged while it keeps this object (see ObjectSize);
   // the default charges config::DefaultObjectBytes.
   virtual void onTxnGetSize(ObjectSize &S) const;
@@ -97,7 +102,19 @@ private:
 
 class RefCountedObject : public Object {
 public:
+  // Proof that a constructor runs for newValueObject; only this class can
+  // make one.
+  class ValueObjectTag {
+    friend class RefCountedObject;
+    ValueObjectTag() = default;
+  };
+
   explicit RefCountedObject(Manager &M);
+  // The base of a value object: known to no list of the manager.
+  RefCountedObject(ValueObjectTag, Manager &M) noexcept : Object(M) {
+    Counted = true;
+    Flags = ValueObject;
+  }
   ~RefCountedObject() override;
 
   // Called when the count reaches zero; the default hands the object to its
@@ -113,27 +130,59 @@ public:
   }
   std::uint32_t refCount() const { return Count; }
 
+protected:
+  // Makes a value object: an immutable T that records nothing (its
+  // onTransact describes no field, ever), made and released in great
+  // numbers, such as a value holder. T's constructor takes a ValueObjectTag
+  // first and hands it to this class's constructor. A value object never
+  // leaves the living set: the history holds it by counting instead (a step
+  // takes a reference on every value object its bytes name, and drops it
+  // with the bytes), so when its count reaches zero nothing can bring it
+  // back, and it is destroyed at once, inside a transaction or not, without
+  // txnDelete or onTxnDestroyed (it has no state to hand over). Its memory
+  // comes from M's block cache and goes back there.
+  template <class T, class... Args>
+  static T *newValueObject(Manager &M, Args &&...A);
+
 private:
   friend class Manager;
   friend class Writer;
 
   enum : std::uint8_t {
-    Orphan = 1,    // in Manager::Orphans
-    Parked = 2,    // in Manager::Parked, deleted by the manager's destructor
-    Detached = 4,  // no step keeps it any more: delete at zero
-    Queued = 8,    // in Manager::ReleaseQueue or Candidates
-    Deleting = 16, // deleted by its manager, which has unlinked it
+    Orphan = 1,       // in Manager::Orphans
+    Parked = 2,       // in Manager::Parked, deleted by the manager's destructor
+    Detached = 4,     // no step keeps it any more: delete at zero
+    Queued = 8,       // in Manager::ReleaseQueue or Candidates
+    Deleting = 16,    // deleted by its manager, which has unlinked it
+    ValueObject = 32, // made by newValueObject; in no list of the manager
   };
 
+  // The small fields come first: they fill the tail of Object, which keeps
+  // a value holder within one 64-byte block.
   mutable std::uint32_t Count = 0;
+  std::uint8_t Flags = 0;
   // Index in the Created list of the step that created it.
   std::uint32_t Slot = 0;
   // Stamp of the recording transaction that created it, or 0.
   Stamp BirthStamp = 0;
   // Highest stamp of a step whose bytes hold this object's pointer or state.
   mutable Stamp SnapStamp = 0;
-  std::uint8_t Flags = 0;
 };
+
+template <class T, class... Args>
+T *RefCountedObject::newValueObject(Manager &M, Args &&...A) {
+  static_assert(std::is_base_of_v<RefCountedObject, T> && std::is_final_v<T>,
+                "a value object is a final RefCountedObject");
+  static_assert(sizeof(T) <= config::ValueObjectBytes &&
+                    alignof(T) <= config::ValueObjectBytes,
+                "a value object must fit a block of the manager's cache");
+  // Made on the hot path of every recorded write: no unwinding to prepare.
+  void *Memory = M.allocateValueObject();
+  static_assert(
+      noexcept(::new (Memory) T(ValueObjectTag(), M, std::forward<Args>(A)...)),
+      "a value object's constructor must not throw");
+  return ::new (Memory) T(ValueObjectTag(), M, std::forward<Args>(A)...);
+}
 
 } // namespace nyTXN
 

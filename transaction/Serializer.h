@@ -84,7 +84,15 @@ public:
       return;
     }
   }
+  // Recording is the hot path (every first change of an object in a
+  // transaction), so the write is called directly rather than through the
+  // table; the other operations go through it.
   template <class T> void field(T &Value) {
+    assert(Depth > 0 && "field outside beginObject/endObject");
+    if (Op == Operation::Write) {
+      IOMethods<T>::callWrite(*W, &Value);
+      return;
+    }
     field(static_cast<void *>(&Value), IOMethods<T>::Table);
   }
 

@@ -7,6 +7,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdint>
+
 using namespace txntest;
 
 namespace {
@@ -26,7 +28,8 @@ TEST_F(RefCountedObjectTest, ReleasedObjectsLeaveTheLivingSetAndUndoRevives) {
   EXPECT_EQ(LiveShapes, 3);
   EXPECT_FALSE(B->isTxnExtant());
   EXPECT_FALSE(B->child()) << "a released object lets go of what it held";
-  EXPECT_EQ(M->keptObjectCount(), 3u) << "b, c and b's label holder";
+  EXPECT_EQ(M->keptObjectCount(), 2u)
+      << "b and c; b's label holder is held by the step's bytes";
   Journal.clear();
   M->undo();
   ASSERT_EQ(Root->child().get(), B);
@@ -94,6 +97,26 @@ TEST_F(RefCountedObjectTest, DroppedStepsFreeWhatOnlyTheyCouldRevive) {
   EXPECT_EQ(M->keptObjectCount(), 2u);
 }
 
+// A value holder lives while the living data or a kept step's bytes name
+// it: trimming and discarding steps frees the labels only they named.
+TEST_F(RefCountedObjectTest, ValueHoldersLiveWhileAStepNamesThem) {
+  Root = Shape::create(*M, "root");
+  M->setUndoLimit(2);
+  for (const char *Label : {"a", "b", "c", "d"})
+    inTxn([&] { Root->setLabel(Label); });
+  EXPECT_EQ(LiveTexts, 3) << "d, and c and b for the two steps kept";
+  M->undo();
+  M->undo();
+  EXPECT_EQ(Root->label(), "b");
+  EXPECT_EQ(LiveTexts, 3);
+  inTxn([&] { Root->setLabel("e"); });
+  EXPECT_EQ(LiveTexts, 2) << "the redo branch named c and d";
+  M->undo();
+  EXPECT_EQ(Root->label(), "b");
+  M->clearHistory();
+  EXPECT_EQ(LiveTexts, 1);
+}
+
 TEST_F(RefCountedObjectTest, MemoryLimitDropsOldestStepsAndTheirObjects) {
   Root = Shape::create(*M, "root");
   std::vector<qo::Reference<Shape>> Held;
@@ -104,7 +127,10 @@ TEST_F(RefCountedObjectTest, MemoryLimitDropsOldestStepsAndTheirObjects) {
       Root->setCount(I + 1);
       Held[I].reset();
     });
-  const std::size_t PerStep = M->historySize() / 10;
+  const std::size_t Unlimited = M->historySize();
+  M->setMemoryLimit(SIZE_MAX);
+  EXPECT_EQ(M->historySize(), Unlimited) << "measured late or at once alike";
+  const std::size_t PerStep = Unlimited / 10;
   M->setMemoryLimit(3 * PerStep + PerStep / 2);
   EXPECT_EQ(M->undoCount(), 3);
   EXPECT_LE(M->historySize(), M->memoryLimit());

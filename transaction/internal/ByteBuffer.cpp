@@ -15,7 +15,7 @@ void ByteBuffer::release() {
   Begin = End = Limit = nullptr;
 }
 
-void ByteBuffer::grow(std::size_t Needed) {
+unsigned char *ByteBuffer::grow(std::size_t Needed) {
   const std::size_t Size = size();
   const std::size_t Wanted =
       std::max({capacity() * 2, Size + Needed, config::InitialArenaBytes});
@@ -25,6 +25,7 @@ void ByteBuffer::grow(std::size_t Needed) {
   Begin = Block;
   End = Block + Size;
   Limit = Block + Wanted;
+  return End;
 }
 
 } // namespace nyTXN::internal

@@ -22,12 +22,15 @@ public:
   ByteBuffer &operator=(const ByteBuffer &) = delete;
   ~ByteBuffer() { release(); }
 
+  // End moves before the bytes are copied: the copy may alias it, and
+  // would force it to be read back.
   void append(const void *Data, std::size_t Size) {
-    if (static_cast<std::size_t>(Limit - End) < Size)
-      grow(Size);
+    unsigned char *At = End;
+    if (static_cast<std::size_t>(Limit - At) < Size)
+      At = grow(Size);
+    End = At + Size;
     if (Size)
-      std::memcpy(End, Data, Size);
-    End += Size;
+      std::memcpy(At, Data, Size);
   }
 
   const unsigned char *data() const { return Begin; }
@@ -45,7 +48,8 @@ public:
   }
 
 private:
-  void grow(std::size_t Needed);
+  // Makes room for Needed more bytes; returns the end.
+  unsigned char *grow(std::size_t Needed);
 
   unsigned char *Begin = nullptr;
   unsigned char *End = nullptr;

@@ -36,12 +36,16 @@ struct Step {
   // Done: the recorded (earlier) bytes; undone: the bytes to redo with,
   // followed by the saved state of the created objects (CreatedState).
   ByteBuffer Data;
+  // The value objects Data names, each holding one reference.
+  std::vector<const RefCountedObject *> Holds;
   // Null slots are objects created and deleted in the same transaction.
   std::vector<RefCountedObject *> Created;
   std::vector<Span> CreatedState;
   std::vector<RefCountedObject *> Destroyed;
   std::size_t LiveCreated = 0;
+  // What the step charges the history, when Measured.
   std::size_t Bytes = 0;
+  bool Measured = false;
   bool Undone = false;
 
   bool empty() const {
@@ -50,9 +54,11 @@ struct Step {
   // Memory its buffers hold on to, for the reuse decision.
   std::size_t footprint() const {
     return Data.capacity() + Entries.capacity() * sizeof(Entry) +
-           (Created.capacity() + Destroyed.capacity()) * sizeof(void *) +
+           (Created.capacity() + Destroyed.capacity() + Holds.capacity()) *
+               sizeof(void *) +
            CreatedState.capacity() * sizeof(Span);
   }
+  // The holds must have been released.
   void reset() {
     Entries.clear();
     Data.clear();
@@ -61,6 +67,7 @@ struct Step {
     Destroyed.clear();
     LiveCreated = 0;
     Bytes = 0;
+    Measured = false;
     Undone = false;
   }
 };
