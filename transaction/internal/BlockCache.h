@@ -50,6 +50,9 @@ public:
     Slab *S = Partial ? Partial : newSlab();
     if (S->Used == 0)
       --EmptySlabs;
+    // A free block's link is read before it is handed out.
+    if (S->Free)
+      unpoison(S->Free);
     void *Block = S->take(BlockBytes);
     unpoison(Block);
     if (S->full(Blocks))
@@ -59,8 +62,8 @@ public:
   void deallocate(void *Block) {
     Slab *S = slabOf(Block);
     const bool WasFull = S->full(Blocks);
-    poison(Block);
     S->give(Block);
+    poison(Block);
     if (WasFull)
       linkPartial(S);
     if (S->Used == 0)
