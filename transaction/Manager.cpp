@@ -435,10 +435,8 @@ void Manager::announceDestroyed(RefCountedObject *X) {
 
 void Manager::destroyNow(RefCountedObject *X) {
   assert(X->Count == 0 && "deleting a transaction object still referenced");
-  if (X->Flags & RefCountedObject::ValueObject) {
-    destroyValueObject(X);
-    return;
-  }
+  assert(!(X->Flags & RefCountedObject::ValueObject) &&
+         "value objects are in no list of the manager");
   X->Flags |= RefCountedObject::Deleting;
   abandoned(X);
   delete X;

@@ -31,11 +31,8 @@ BlockCache::~BlockCache() {
   assert(EmptySlabs == Slabs && "a block outlives its cache");
   while (Slab *S = Partial) {
     Partial = S->Next;
-    if (S->Used != 0)
-      continue;
-    unpoison(S, SlabBytes);
-    S->~Slab();
-    ::operator delete(S, SlabAlignment);
+    if (S->Used == 0)
+      freeSlab(S);
   }
 }
 
@@ -58,6 +55,10 @@ void BlockCache::emptied(Slab *S) {
   --EmptySlabs;
   --Slabs;
   unlinkPartial(S);
+  freeSlab(S);
+}
+
+void BlockCache::freeSlab(Slab *S) {
   unpoison(S, SlabBytes);
   S->~Slab();
   ::operator delete(S, SlabAlignment);

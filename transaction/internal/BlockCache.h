@@ -99,6 +99,7 @@ private:
   }
   Slab *newSlab();
   void emptied(Slab *S);
+  void freeSlab(Slab *S);
   void linkPartial(Slab *S);
   void unlinkPartial(Slab *S);
   // Under AddressSanitizer a free block is unreadable, so a use after free
